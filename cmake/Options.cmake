@@ -1,0 +1,51 @@
+# What a build can choose, and the compiler flags that follow from it.
+
+option(KELMORA_RELEASE_ALL "Release every parsed document, also on the paths that keep theirs by contract" OFF)
+set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
+set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
+option(KELMORA_BUILD_HOST "Build kelmora-host, the development host" ${KELMORA_HAVE_HOST_DEPENDENCIES})
+option(KELMORA_BUILD_TESTS "Build the tests" ${KELMORA_HAVE_TEST_DEPENDENCIES})
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_C_STANDARD 99)
+set(CMAKE_C_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()
+
+# All of this project's code.
+add_library(kelmora_options INTERFACE)
+target_compile_options(
+    kelmora_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wundef -Wvla
+                              -Wcast-qual -Wcast-align -Wformat=2 -Werror)
+target_compile_options(
+    kelmora_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>)
+target_compile_definitions(kelmora_options
+                           INTERFACE KELMORA_HOST_PRIVATE_POINTERS=${KELMORA_HOST_PRIVATE_POINTERS})
+if(NOT KELMORA_SANITIZE STREQUAL "")
+    set(sanitize -fsanitize=${KELMORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(kelmora_options INTERFACE ${sanitize})
+    target_link_options(kelmora_options INTERFACE ${sanitize})
+endif()
+
+# What goes into the plug-in: small, hidden, without any run-time support of the compiler's or the C++ library's.
+add_library(kelmora_library_options INTERFACE)
+target_compile_options(
+    kelmora_library_options
+    INTERFACE -Os
+              -ffunction-sections
+              -fdata-sections
+              -fvisibility=hidden
+              -fno-stack-protector
+              -U_FORTIFY_SOURCE
+              $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden
+              -fno-exceptions
+              -fno-rtti
+              -fno-threadsafe-statics>)
+target_compile_definitions(kelmora_library_options INTERFACE $<$<BOOL:${KELMORA_RELEASE_ALL}>:KELMORA_RELEASE_ALL>)

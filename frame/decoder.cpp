@@ -1,0 +1,164 @@
+#include "frame/decoder.h"
+
+#include "frame/text.h"
+#include "frame/validation.h"
+
+namespace kelmora {
+
+namespace {
+
+std::uint8_t boolean_of(const json_t *value) { return json_is_true(value) ? 1 : 0; }
+
+/// The integer's low bits, as many as the field has.
+template <class Field> void store_integer(Field &field, const json_t *value)
+{
+    field = static_cast<Field>(json_integer_value(value));
+}
+
+} // namespace
+
+void Decoder::fail(const char *field, const char *message, const char *source)
+{
+    if (!call_->ok)
+        return;
+    call_->ok = false;
+    call_->document.release();
+    kelmora_errorlist_add_error(call_->errors, field, message, source);
+}
+
+const char *Decoder::text() const
+{
+    const char *text = json_string_value(value_);
+    return text != nullptr ? text : "";
+}
+
+const json_t *Decoder::find(const char *name) const { return call_->ok ? json_object_get(value_, name) : nullptr; }
+
+const json_t *Decoder::find_required(Key key)
+{
+    const json_t *value = find(key.name());
+    if (value == nullptr)
+        fail(key.field(), key.message());
+    return value;
+}
+
+const json_t *Decoder::find_checked(const char *name, int type)
+{
+    const json_t *value = find(name);
+    const char *fault = value_fault(value, type);
+    if (fault == nullptr)
+        return value;
+    fail(name, fault);
+    return nullptr;
+}
+
+void Decoder::required_boolean(Key key, std::uint8_t &field)
+{
+    if (const json_t *value = find_required(key))
+        field = boolean_of(value);
+}
+
+void Decoder::required_integer(Key key, std::uint8_t &field)
+{
+    if (const json_t *value = find_required(key))
+        store_integer(field, value);
+}
+
+void Decoder::required_integer(Key key, std::uint16_t &field)
+{
+    if (const json_t *value = find_required(key))
+        store_integer(field, value);
+}
+
+void Decoder::required_integer(Key key, std::uint32_t &field)
+{
+    if (const json_t *value = find_required(key))
+        store_integer(field, value);
+}
+
+void Decoder::required_text(Key key, char *field, std::size_t width)
+{
+    if (const json_t *value = find_required(key))
+        store_text(field, json_string_value(value), width);
+}
+
+Decoder Decoder::required(Key key)
+{
+    const json_t *value = find_required(key);
+    return {*call_, value};
+}
+
+Elements Decoder::required_array(Key key) { return {*call_, find_required(key)}; }
+
+void Decoder::optional_boolean(const char *name, std::uint8_t &field)
+{
+    if (const json_t *value = find(name))
+        field = boolean_of(value);
+}
+
+void Decoder::optional_integer(const char *name, std::uint8_t &field)
+{
+    if (const json_t *value = find(name))
+        store_integer(field, value);
+}
+
+void Decoder::optional_integer(const char *name, std::uint16_t &field)
+{
+    if (const json_t *value = find(name))
+        store_integer(field, value);
+}
+
+void Decoder::optional_integer(const char *name, std::uint32_t &field)
+{
+    if (const json_t *value = find(name))
+        store_integer(field, value);
+}
+
+void Decoder::optional_text(const char *name, char *field, std::size_t width)
+{
+    if (const json_t *value = find(name))
+        store_text(field, json_string_value(value), width);
+}
+
+Elements Decoder::optional_array(const char *name) { return {*call_, find(name)}; }
+
+void Decoder::checked_boolean(const char *name, std::uint8_t &field)
+{
+    if (const json_t *value = find_checked(name, KELMORA_JSON_BOOLEAN))
+        field = boolean_of(value);
+}
+
+void Decoder::checked_integer(const char *name, std::uint8_t &field)
+{
+    if (const json_t *value = find_checked(name, KELMORA_JSON_INTEGER))
+        store_integer(field, value);
+}
+
+void Decoder::checked_integer(const char *name, std::uint32_t &field)
+{
+    if (const json_t *value = find_checked(name, KELMORA_JSON_INTEGER))
+        store_integer(field, value);
+}
+
+void Decoder::checked_text(const char *name, char *field, std::size_t width)
+{
+    if (const json_t *value = find_checked(name, KELMORA_JSON_STRING))
+        store_text(field, json_string_value(value), width);
+}
+
+Elements Decoder::checked_array(const char *name) { return {*call_, find_checked(name, KELMORA_JSON_ARRAY)}; }
+
+int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadNode read)
+{
+    if (*text == '\0')
+        return 1;
+    Decoder::Call call{Document(json_loads(text, 0, nullptr)), errors};
+    Decoder in(call, call.document.root());
+    if (!in)
+        in.fail("", "invalid json data");
+    else
+        read(in, node);
+    return call.ok ? 1 : 0;
+}
+
+} // namespace kelmora

@@ -1,0 +1,188 @@
+#ifndef KELMORA_FRAME_DECODER_H
+#define KELMORA_FRAME_DECODER_H
+
+#include "frame/document.h"
+#include "frame/key.h"
+
+#include "kelmora_host.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <jansson.h>
+
+namespace kelmora {
+
+class Elements;
+
+/// A reading position in a parsed document: one JSON value, whose members are read by key. The members of a value that
+/// is no object are all missing.
+///
+/// The first failure ends the translation: it releases the document, appends its one error, and makes every later read
+/// of this and all other positions in the document do nothing. So reads simply follow each other; only code with
+/// effects of its own (allocating, linking, calling the host) asks ok() before.
+///
+/// Required members must be there, JSON null included; optional ones are stored only when they are there. Types are not
+/// checked but by the `checked` reads: a boolean is true only for JSON true, an integer that is none reads as 0, a text
+/// that is none as empty. Integers are cut to the field's width, texts to the field's width less one byte.
+class Decoder {
+  public:
+    /// What all positions in one document share.
+    struct Call {
+        Document document;
+        kelmora_errorlist *errors;
+        bool ok = true;
+    };
+
+    Decoder(Call &call, const json_t *value) : call_(&call), value_(value) {}
+
+    /// No failure so far.
+    [[nodiscard]] bool ok() const { return call_->ok; }
+
+    /// Fails with this error, unless there was a failure before. The texts are constants.
+    void fail(const char *field, const char *message, const char *source = "json");
+
+    /// The document, for the few paths that must keep it unreleased.
+    [[nodiscard]] Document &document() { return call_->document; }
+
+    // ---- this value
+
+    /// Whether the document has this value at all; false after a failure.
+    explicit operator bool() const { return ok() && value_ != nullptr; }
+
+    /// The value as text, empty when it is no string: valid until the document is released.
+    [[nodiscard]] const char *text() const;
+
+    /// The value as a number, 0 when it is no integer.
+    [[nodiscard]] json_int_t integer() const { return json_integer_value(value_); }
+
+    // ---- members that must be there
+
+    void required_boolean(Key key, std::uint8_t &field);
+    void required_integer(Key key, std::uint8_t &field);
+    void required_integer(Key key, std::uint16_t &field);
+    void required_integer(Key key, std::uint32_t &field);
+    void required_integer(Key key, std::int32_t &field) { required_integer(key, as_unsigned(field)); }
+    template <std::size_t width> void required_text(Key key, char (&field)[width]) { required_text(key, field, width); }
+
+    /// A member of any type, for reads of its own or for its members.
+    [[nodiscard]] Decoder required(Key key);
+
+    /// A member's elements; a value that is no array has none.
+    [[nodiscard]] Elements required_array(Key key);
+
+    // ---- members that may be absent; the field then keeps what it held
+
+    void optional_boolean(const char *name, std::uint8_t &field);
+    void optional_integer(const char *name, std::uint8_t &field);
+    void optional_integer(const char *name, std::uint16_t &field);
+    void optional_integer(const char *name, std::uint32_t &field);
+    void optional_integer(const char *name, std::int32_t &field) { optional_integer(name, as_unsigned(field)); }
+    template <std::size_t width> void optional_text(const char *name, char (&field)[width])
+    {
+        optional_text(name, field, width);
+    }
+
+    /// A member of any type; false as a condition when it is absent.
+    [[nodiscard]] Decoder optional(const char *name) { return {*call_, find(name)}; }
+
+    /// A member's elements; an absent member or one that is no array has none.
+    [[nodiscard]] Elements optional_array(const char *name);
+
+    // ---- members that must be there and of their type: "field not found", "data type must be a valid ..."
+
+    void checked_boolean(const char *name, std::uint8_t &field);
+    void checked_integer(const char *name, std::uint8_t &field);
+    void checked_integer(const char *name, std::uint32_t &field);
+    template <std::size_t width> void checked_text(const char *name, char (&field)[width])
+    {
+        checked_text(name, field, width);
+    }
+    [[nodiscard]] Elements checked_array(const char *name);
+
+  private:
+    /// The same bytes: what is stored into a signed field is the integer's low bits, as for an unsigned one.
+    static std::uint32_t &as_unsigned(std::int32_t &field) { return reinterpret_cast<std::uint32_t &>(field); }
+
+    [[nodiscard]] const json_t *find(const char *name) const;
+    [[nodiscard]] const json_t *find_required(Key key);
+    [[nodiscard]] const json_t *find_checked(const char *name, int type);
+    void required_text(Key key, char *field, std::size_t width);
+    void optional_text(const char *name, char *field, std::size_t width);
+    void checked_text(const char *name, char *field, std::size_t width);
+
+    Call *call_;
+    const json_t *value_;
+};
+
+/// The elements of an array, in order. A loop over them stops by itself after a failure.
+class Elements {
+  public:
+    Elements(Decoder::Call &call, const json_t *array) : call_(&call), array_(array) {}
+
+    /// 0 after a failure.
+    [[nodiscard]] std::size_t size() const { return call_->ok ? json_array_size(array_) : 0; }
+
+    /// Missing behind the last element.
+    [[nodiscard]] Decoder operator[](std::size_t index) const
+    {
+        return {*call_, call_->ok ? json_array_get(array_, index) : nullptr};
+    }
+
+    class Iterator {
+      public:
+        Iterator(const Elements &elements, std::size_t index) : elements_(&elements), index_(index) {}
+        Decoder operator*() const { return (*elements_)[index_]; }
+        Iterator &operator++()
+        {
+            ++index_;
+            return *this;
+        }
+        /// Asked before each round: is there another element, and no failure?
+        bool operator!=(std::nullptr_t /*end*/) const { return index_ < elements_->size(); }
+
+      private:
+        const Elements *elements_;
+        std::size_t index_;
+    };
+
+    [[nodiscard]] Iterator begin() const { return {*this, 0}; }
+    [[nodiscard]] static std::nullptr_t end() { return nullptr; }
+
+  private:
+    Decoder::Call *call_;
+    const json_t *array_;
+};
+
+/// Reads a document into the node's record.
+using ReadNode = void (*)(Decoder &in, kelmora_resource *node);
+
+/// A from-translator. An empty text succeeds at once. Returns 1, or 0 after one error.
+int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadNode read);
+
+namespace detail {
+
+template <auto read> struct NodeReader;
+
+template <class Record, void (*read)(Decoder &, Record &)> struct NodeReader<read> {
+    static void call(Decoder &in, kelmora_resource *node)
+    {
+        read(in, *static_cast<Record *>(kelmora_resource_get_data(node)));
+    }
+};
+
+template <void (*read)(Decoder &, kelmora_resource *)> struct NodeReader<read> {
+    static void call(Decoder &in, kelmora_resource *node) { read(in, node); }
+};
+
+} // namespace detail
+
+/// A from-translator of the function that reads one record: void read(Decoder &, Record &), or with kelmora_resource *
+/// in the record's place where the resource fetches its record later or has the host do something with the node.
+template <auto read> int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode(node, text, errors, &detail::NodeReader<read>::call);
+}
+
+} // namespace kelmora
+
+#endif

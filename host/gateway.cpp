@@ -1,0 +1,20 @@
+#include "host/gateway.h"
+
+#include "host/samples.h"
+
+namespace kelmora_host {
+
+std::vector<Node> &Gateway::nodes(std::string_view resource)
+{
+    const auto found = nodes_.find(resource);
+    return found != nodes_.end() ? found->second : nodes_[std::string(resource)];
+}
+
+Gateway sample_gateway()
+{
+    Gateway gateway;
+    add_wireless_samples(gateway);
+    return gateway;
+}
+
+} // namespace kelmora_host

@@ -1,0 +1,38 @@
+#include "host/roads.h"
+
+#include <cstdlib>
+#include <new>
+
+void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, const char *message, const char *source)
+{
+    errors->errors.push_back({field, message, source});
+    if (errors->on_add)
+        errors->on_add();
+}
+
+namespace kelmora_host {
+
+OutputBuffer::OutputBuffer() : bytes_(static_cast<char *>(std::malloc(initial_size)))
+{
+    if (bytes_ == nullptr)
+        throw std::bad_alloc();
+    bytes_[0] = '\0';
+}
+
+OutputBuffer::~OutputBuffer() { std::free(bytes_); }
+
+ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list)
+{
+    OutputBuffer buffer;
+    const int result = to(link_request(nodes, as_list), buffer.pointer());
+    return {result, buffer.bytes()};
+}
+
+WriteAnswer write(kelmora_from_translator from, Node &node, const std::string &text)
+{
+    kelmora_errorlist errors;
+    const int result = from(node.resource(), text.c_str(), &errors);
+    return {result, std::move(errors.errors)};
+}
+
+} // namespace kelmora_host

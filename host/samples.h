@@ -1,0 +1,13 @@
+#ifndef KELMORA_HOST_SAMPLES_H
+#define KELMORA_HOST_SAMPLES_H
+
+#include "host/gateway.h"
+
+namespace kelmora_host {
+
+// The parts of the sample gateway, one a group of resources.
+void add_wireless_samples(Gateway &gateway);
+
+} // namespace kelmora_host
+
+#endif

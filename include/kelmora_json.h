@@ -1,0 +1,134 @@
+/*
+ * libkelmora_json: everything that the shared object exports.
+ *
+ * The library converts the host's typed records (kelmora_records.h) into JSON text and back. It is loaded with dlopen
+ * by a host process that has jansson loaded and provides the functions of kelmora_host.h; kelmora_json_init then
+ * registers a pair of translators for each resource of kelmora_resources.h. There is no other state: every function
+ * may be called from several threads at once, on different records, buffers and JSON values.
+ */
+#ifndef KELMORA_JSON_H
+#define KELMORA_JSON_H
+
+#include "kelmora_host.h"
+#include "kelmora_resources.h"
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(__GNUC__)
+#define KELMORA_JSON_API __attribute__((visibility("default")))
+#else
+#define KELMORA_JSON_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* jansson's JSON value; jansson.h is needed only by those who make or read one. */
+struct json_t;
+
+/* ---- Entry points ---------------------------------------------------------------------------------------------- */
+
+/* Registers the pairs of translators 0 to 97 with the host, in ascending order. A pair that the host refuses does not
+ * stop the rest. Returns what the host answered to the last one. May be called again. */
+KELMORA_JSON_API int kelmora_json_init(void);
+
+/* The library's version, "1.3.0": a constant, not to be freed. */
+KELMORA_JSON_API const char *kelmora_json_get_version(void);
+
+/* ---- Output: buffer and texts ---------------------------------------------------------------------------------- */
+
+/*
+ * Makes room for `text` in the host's output buffer.
+ * out: the buffer, from malloc and of at least 4096 bytes; reallocated to the text's length plus one when the length
+ *      is 4096 or more, else left alone.
+ * Returns the text's length when the buffer was left alone; the new buffer's address when it was reallocated; 0 when
+ * that failed, and then *out is as it was and too small for the text.
+ */
+KELMORA_JSON_API uintptr_t libkelmora_json_check_data_size(const char *text, char **out);
+
+/*
+ * A new JSON string of a fixed-width text field.
+ * text:  NUL-terminated within its width, or else read no further than it.
+ * width: the field's bytes, the NUL included; at most width - 1 bytes are taken, wherever that cuts a character.
+ * Returns a value that the caller owns; NULL when the text (after the cut) is not UTF-8 or memory ran out.
+ */
+KELMORA_JSON_API struct json_t *libkelmora_json_string(const char *text, size_t width);
+
+/* ---- Input: texts and checks ----------------------------------------------------------------------------------- */
+
+/*
+ * Copies a text into a fixed-width field, which ends in NUL whatever the text: at most width - 1 bytes are stored and
+ * the rest is filled with NULs. source: NULL counts as the empty text. width: the field's bytes; 0 stores nothing.
+ * Returns 1 when the whole text fitted, 0 when it was cut.
+ */
+KELMORA_JSON_API int kelmora_strncpy(char *field, const char *source, size_t width);
+
+/* What kelmora_json_validate checks besides presence; any other code checks nothing more. */
+enum kelmora_json_type {
+    KELMORA_JSON_STRING = 0,
+    KELMORA_JSON_INTEGER = 1, /* a real such as 1.0 is none */
+    KELMORA_JSON_BOOLEAN = 2,
+    KELMORA_JSON_ARRAY = 3
+};
+
+/*
+ * Checks of one value of a parsed document.
+ * root:  the document. Released (one reference) when the check fails, before the error is appended; NULL is allowed.
+ * value: the value to check, or NULL when the document has none; borrowed.
+ * name:  the error's field name.
+ * Returns 1 when the value passes, and then touches nothing; else 0, after releasing the document and appending
+ * (name, message, "json") to `errors`.
+ */
+
+/* The value is there at all, JSON null included. Message: "field not found". */
+KELMORA_JSON_API int kelmora_json_validate_field(struct json_t *root, const struct json_t *value, const char *name,
+                                                 struct kelmora_errorlist *errors);
+
+/* The value is a string. Message: "data type must be a valid string", for a missing value too. */
+KELMORA_JSON_API int kelmora_json_validate_string_type(struct json_t *root, const struct json_t *value,
+                                                       const char *name, struct kelmora_errorlist *errors);
+
+/* The value is an integer. Message: "data type must be a valid integer", for a missing value too. */
+KELMORA_JSON_API int kelmora_json_validate_integer_type(struct json_t *root, const struct json_t *value,
+                                                        const char *name, struct kelmora_errorlist *errors);
+
+/* The value is true or false. Message: "data type must be a valid boolean", for a missing value too. */
+KELMORA_JSON_API int kelmora_json_validate_boolean_type(struct json_t *root, const struct json_t *value,
+                                                        const char *name, struct kelmora_errorlist *errors);
+
+/* The value is an array. Message: "data type must be a valid array", for a missing value too. */
+KELMORA_JSON_API int kelmora_json_validate_array_type(struct json_t *root, const struct json_t *value, const char *name,
+                                                      struct kelmora_errorlist *errors);
+
+/* The value is there and of the type that `type` (enum kelmora_json_type) names. Note the order of arguments: the
+ * type comes before the error list. */
+KELMORA_JSON_API int kelmora_json_validate(struct json_t *root, const struct json_t *value, const char *name, int type,
+                                           struct kelmora_errorlist *errors);
+
+/* ---- Translators ----------------------------------------------------------------------------------------------- */
+
+/*
+ * For each served resource X:
+ *     int X_to_translator(struct kelmora_resource *head, char **out)
+ *     int X_from_translator(struct kelmora_resource *node, const char *text, struct kelmora_errorlist *errors)
+ * with the contracts of kelmora_to_translator and kelmora_from_translator. Where the resource has one direction only,
+ * the other function returns 1 and touches nothing.
+ */
+#define KELMORA_JSON_DECLARE_PAIR(number, name, group, directions)                                                     \
+    KELMORA_JSON_API int name##_to_translator(struct kelmora_resource *head, char **out);                              \
+    KELMORA_JSON_API int name##_from_translator(struct kelmora_resource *node, const char *text,                       \
+                                                struct kelmora_errorlist *errors);
+#define KELMORA_JSON_DECLARE_NOTHING(number, name, group, directions)
+
+KELMORA_RESOURCES(KELMORA_JSON_DECLARE_PAIR, KELMORA_JSON_DECLARE_NOTHING)
+
+#undef KELMORA_JSON_DECLARE_PAIR
+#undef KELMORA_JSON_DECLARE_NOTHING
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

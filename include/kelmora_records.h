@@ -1,0 +1,14 @@
+/*
+ * The records of all resources: the host's plain C structs that the translators read and fill.
+ *
+ * Fields stand in their fixed order and widths, with natural alignment. They are named after their JSON keys, and keep
+ * the spelling of the wire (interfaceID, opMode): the one exception to this project's naming, so the headers below
+ * records/ are exempt from the naming check. Widths of texts include the terminating NUL. Switches are one byte, 0 or
+ * 1, unless a field says otherwise. Codes are the host's enumerations and pass through unchanged.
+ */
+#ifndef KELMORA_RECORDS_H
+#define KELMORA_RECORDS_H
+
+#include "records/wireless.h"
+
+#endif

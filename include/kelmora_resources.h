@@ -1,0 +1,121 @@
+/*
+ * The resources: one row each, in the order of their numbers.
+ *
+ * A row is (number, name, group, directions). The number is what the host files the pair of translators under and
+ * never changes; the name is the resource's in every function, record and file name; the group is the folder below
+ * translators/ that holds its unit and the header below records/ that holds its record. Directions are `both`, or
+ * `to_only` or `from_only` where the other translator does nothing and returns 1.
+ *
+ * SERVED rows have their unit. PENDING rows are registered with a pair that answers "not supported".
+ *
+ * Use: #define a macro of four arguments for either kind of row and hand both to KELMORA_RESOURCES.
+ */
+#ifndef KELMORA_RESOURCES_H
+#define KELMORA_RESOURCES_H
+
+/* clang-format off */
+#define KELMORA_RESOURCES(SERVED, PENDING) \
+    SERVED(0, wireless, wireless, both) \
+    PENDING(1, session, device, both) \
+    PENDING(2, interface, wan_lan, both) \
+    PENDING(3, natportredirect, firewall, both) \
+    PENDING(4, wan, wan_lan, both) \
+    SERVED(5, radio, wireless, both) \
+    PENDING(6, lan, wan_lan, both) \
+    PENDING(7, upgrade_by_file, device, from_only) \
+    PENDING(8, factory_default, device, both) \
+    PENDING(9, pppoe, wan_lan, both) \
+    PENDING(10, remote_web_access, device, both) \
+    PENDING(11, dhcp_server, wan_lan, both) \
+    PENDING(12, telnet, device, from_only) \
+    PENDING(13, mp_info, device, both) \
+    PENDING(14, action, device, both) \
+    PENDING(15, user, device, both) \
+    PENDING(16, device, device, both) \
+    PENDING(17, status, device, to_only) \
+    PENDING(18, interface_statistics, wan_lan, both) \
+    PENDING(19, connected_device, wan_lan, both) \
+    SERVED(20, site_survey, wireless, to_only) \
+    PENDING(21, system, device, both) \
+    PENDING(22, easymesh, wireless, both) \
+    PENDING(23, ping, diagnostics, both) \
+    PENDING(24, qos, qos, both) \
+    PENDING(25, qos_rule, qos, both) \
+    PENDING(26, filter, firewall, both) \
+    PENDING(27, limits, device, both) \
+    PENDING(28, dhcp_static_lease, wan_lan, both) \
+    PENDING(29, daily_reboot, device, both) \
+    PENDING(30, datetime, device, both) \
+    PENDING(31, traceroute, diagnostics, both) \
+    PENDING(32, wan_detect, wan_lan, both) \
+    PENDING(33, iptables, firewall, both) \
+    PENDING(34, mirroring, routing, both) \
+    PENDING(35, pon_stats, pon, to_only) \
+    PENDING(36, pon_settings, pon, both) \
+    PENDING(37, pon_nodes, pon, to_only) \
+    PENDING(38, pon_counters, pon, to_only) \
+    PENDING(39, syslog, device, both) \
+    PENDING(40, gpon_status, pon, to_only) \
+    PENDING(41, gem_port_stats, pon, to_only) \
+    PENDING(42, pon_status, pon, to_only) \
+    PENDING(43, http_request, diagnostics, both) \
+    PENDING(44, loop_back_detect, routing, both) \
+    PENDING(45, epon_llid_status, pon, to_only) \
+    PENDING(46, ipv6_radvd, ipv6, both) \
+    PENDING(47, wan_lan_list, wan_lan, both) \
+    PENDING(48, wan_service_type, wan_lan, both) \
+    PENDING(49, ipv6_proxy_mld, ipv6, both) \
+    PENDING(50, loopback_detect_status, routing, both) \
+    PENDING(51, acl_capability, firewall, both) \
+    PENDING(52, acl_config, firewall, both) \
+    PENDING(53, tr069_config, remote_mgmt, both) \
+    PENDING(54, lan_port_status, wan_lan, to_only) \
+    PENDING(55, firewall_domain_blocking, firewall, both) \
+    PENDING(56, firewall_url_blocking, firewall, both) \
+    PENDING(57, firewall_mac_filtering, firewall, both) \
+    PENDING(58, firewall_ip_port_filtering, firewall, both) \
+    PENDING(59, firewall_alg, firewall, both) \
+    PENDING(60, tr069_inform, remote_mgmt, to_only) \
+    PENDING(61, firewall_port_forwarding_enable, firewall, both) \
+    PENDING(62, igmp_proxy, routing, both) \
+    PENDING(63, firewall_port_forwarding_table, firewall, both) \
+    PENDING(64, backup_restore, device, both) \
+    PENDING(65, neighbour_hosts, ipv6, both) \
+    PENDING(66, ipv6_acl_capability, firewall, both) \
+    PENDING(67, ipv6_acl_config, firewall, both) \
+    PENDING(68, ipv6_dhcp, ipv6, both) \
+    PENDING(69, static_routing, routing, both) \
+    PENDING(70, qos_policy, qos, both) \
+    PENDING(71, qos_available_dscp, qos, to_only) \
+    PENDING(72, qos_classification, qos, both) \
+    PENDING(73, ipv6_static_route, ipv6, both) \
+    PENDING(74, global_routing, routing, to_only) \
+    PENDING(75, ddns, firewall, both) \
+    PENDING(76, qos_traffic_control, qos, both) \
+    PENDING(77, bridging, wan_lan, both) \
+    PENDING(78, change_to_firmware_version, device, both) \
+    PENDING(79, igmp_mld_snooping, routing, both) \
+    PENDING(80, ipv6_static_route_list, ipv6, to_only) \
+    PENDING(81, rip_enable, routing, both) \
+    PENDING(82, rip_config, routing, both) \
+    PENDING(83, ipv6_ip_port_filter, firewall, both) \
+    PENDING(84, ipv6_ip_port_filter_default_rule, firewall, both) \
+    PENDING(85, ipv6_dhcp_server, ipv6, both) \
+    PENDING(86, ipv6_dhcp_relay, ipv6, both) \
+    PENDING(87, ipv6_dhcp_client, ipv6, to_only) \
+    PENDING(88, dhcp_client, wan_lan, to_only) \
+    PENDING(89, automatic_maintenance, device, both) \
+    PENDING(90, parental_control, firewall, both) \
+    PENDING(91, custom_default_config, device, both) \
+    PENDING(92, ipv6_prefix_delegation, ipv6, both) \
+    PENDING(93, wlan_access_control, wireless, both) \
+    PENDING(94, limited_user_permissions, device, to_only) \
+    PENDING(95, tr369_mqtt_client, remote_mgmt, both) \
+    PENDING(96, tr369_local_agent_mtp, remote_mgmt, both) \
+    PENDING(97, tr369_local_agent_controller, remote_mgmt, both)
+/* clang-format on */
+
+/* How many resources there are; their numbers are 0 to one less. */
+#define KELMORA_RESOURCE_COUNT 98
+
+#endif
