@@ -1,1 +1,28 @@
+# What `cmake --install` puts where: the plug-in, the public headers, and what tells pkg-config and CMake about them.
 
+include(CMakePackageConfigHelpers)
+
+set(KELMORA_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/kelmora CACHE STRING "Where to install the plug-in")
+set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/kelmora_json)
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelmora_json)
+
+install(TARGETS kelmora_json LIBRARY DESTINATION ${KELMORA_PLUGIN_DIR})
+install(DIRECTORY include/ DESTINATION ${header_dir} FILES_MATCHING PATTERN *.h)
+
+configure_package_config_file(
+    cmake/kelmora_json-config.cmake.in kelmora_json-config.cmake
+    INSTALL_DESTINATION ${package_dir}
+    PATH_VARS header_dir KELMORA_PLUGIN_DIR)
+write_basic_package_version_file(kelmora_json-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/kelmora_json-config.cmake ${PROJECT_BINARY_DIR}/kelmora_json-config-version.cmake
+        DESTINATION ${package_dir})
+
+# Folders below the prefix stay relative to it; the prefix itself is known when it is installed only.
+cmake_path(APPEND pc_libdir "\${prefix}" ${CMAKE_INSTALL_LIBDIR})
+cmake_path(APPEND pc_includedir "\${prefix}" ${CMAKE_INSTALL_INCLUDEDIR})
+cmake_path(APPEND pc_plugindir "\${prefix}" ${KELMORA_PLUGIN_DIR})
+set(pc_prefix @CMAKE_INSTALL_PREFIX@)
+set(pc_file ${PROJECT_BINARY_DIR}/kelmora_json.pc)
+configure_file(cmake/kelmora_json.pc.in ${pc_file}.in @ONLY)
+install(CODE "configure_file(\"${pc_file}.in\" \"${pc_file}\" @ONLY)")
+install(FILES ${pc_file} DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

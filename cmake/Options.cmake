@@ -26,8 +26,9 @@ target_compile_options(
                               -Wcast-qual -Wcast-align -Wformat=2 -Werror)
 target_compile_options(
     kelmora_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>)
-target_compile_definitions(kelmora_options
-                           INTERFACE KELMORA_HOST_PRIVATE_POINTERS=${KELMORA_HOST_PRIVATE_POINTERS})
+target_compile_definitions(
+    kelmora_options INTERFACE KELMORA_HOST_PRIVATE_POINTERS=${KELMORA_HOST_PRIVATE_POINTERS}
+                              $<$<BOOL:${KELMORA_RELEASE_ALL}>:KELMORA_RELEASE_ALL>)
 if(NOT KELMORA_SANITIZE STREQUAL "")
     set(sanitize -fsanitize=${KELMORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_compile_options(kelmora_options INTERFACE ${sanitize})
@@ -48,4 +49,3 @@ target_compile_options(
               -fno-exceptions
               -fno-rtti
               -fno-threadsafe-statics>)
-target_compile_definitions(kelmora_library_options INTERFACE $<$<BOOL:${KELMORA_RELEASE_ALL}>:KELMORA_RELEASE_ALL>)

@@ -25,7 +25,7 @@ class Elements;
 /// checked but by the `checked` reads: a boolean is true only for JSON true, an integer that is none reads as 0, a text
 /// that is none as empty. Integers are cut to the field's width, texts to the field's width less one byte.
 class Decoder {
-  public:
+public:
     /// What all positions in one document share.
     struct Call {
         Document document;
@@ -99,7 +99,7 @@ class Decoder {
     }
     [[nodiscard]] Elements checked_array(const char *name);
 
-  private:
+private:
     /// The same bytes: what is stored into a signed field is the integer's low bits, as for an unsigned one.
     static std::uint32_t &as_unsigned(std::int32_t &field) { return reinterpret_cast<std::uint32_t &>(field); }
 
@@ -116,7 +116,7 @@ class Decoder {
 
 /// The elements of an array, in order. A loop over them stops by itself after a failure.
 class Elements {
-  public:
+public:
     Elements(Decoder::Call &call, const json_t *array) : call_(&call), array_(array) {}
 
     /// 0 after a failure.
@@ -129,7 +129,7 @@ class Elements {
     }
 
     class Iterator {
-      public:
+    public:
         Iterator(const Elements &elements, std::size_t index) : elements_(&elements), index_(index) {}
         Decoder operator*() const { return (*elements_)[index_]; }
         Iterator &operator++()
@@ -140,7 +140,7 @@ class Elements {
         /// Asked before each round: is there another element, and no failure?
         bool operator!=(std::nullptr_t /*end*/) const { return index_ < elements_->size(); }
 
-      private:
+    private:
         const Elements *elements_;
         std::size_t index_;
     };
@@ -148,7 +148,7 @@ class Elements {
     [[nodiscard]] Iterator begin() const { return {*this, 0}; }
     [[nodiscard]] static std::nullptr_t end() { return nullptr; }
 
-  private:
+private:
     Decoder::Call *call_;
     const json_t *array_;
 };

@@ -7,7 +7,7 @@ namespace kelmora {
 
 /// Owns the root of a JSON document, and releases it at the end of its life at the latest.
 class Document {
-  public:
+public:
     /// root: one reference, taken over; NULL makes an empty document.
     explicit Document(json_t *root) : root_(root) {}
     Document(const Document &) = delete;
@@ -24,7 +24,7 @@ class Document {
     /// with KELMORA_RELEASE_ALL releases it instead.
     void keep();
 
-  private:
+private:
     json_t *root_;
 };
 

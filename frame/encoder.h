@@ -21,7 +21,7 @@ class ArrayEncoder;
 /// is not finite. Where memory runs out the object counts as incomplete from then on, and so does everything that it
 /// becomes part of.
 class Encoder {
-  public:
+public:
     Encoder();
     Encoder(const Encoder &) = delete;
     Encoder &operator=(const Encoder &) = delete;
@@ -56,7 +56,7 @@ class Encoder {
     /// Hands the finished object over; NULL when it is incomplete. Nothing can be added afterwards.
     [[nodiscard]] json_t *take();
 
-  private:
+private:
     void text(const char *key, const char *field, std::size_t width);
     void set(const char *key, json_t *value);
 
@@ -66,7 +66,7 @@ class Encoder {
 
 /// A JSON array in the making, with the same rules. Elements come in the order of the calls.
 class ArrayEncoder {
-  public:
+public:
     ArrayEncoder();
     ArrayEncoder(const ArrayEncoder &) = delete;
     ArrayEncoder &operator=(const ArrayEncoder &) = delete;
@@ -88,7 +88,7 @@ class ArrayEncoder {
     /// Hands the finished array over; NULL when it is incomplete. Nothing can be added afterwards.
     [[nodiscard]] json_t *take();
 
-  private:
+private:
     void text(const char *field, std::size_t width);
     void append(json_t *value);
 

@@ -10,16 +10,16 @@ namespace kelmora {
 template <std::size_t Size> struct FixedText {
     char characters[Size]{};
 
-    consteval FixedText(const char (&text)[Size]) // implicit: literals turn into it
+    constexpr FixedText(const char (&text)[Size]) // implicit: literals turn into it
     {
         for (std::size_t i = 0; i < Size; ++i)
             characters[i] = text[i];
     }
 
-    consteval FixedText() = default;
+    constexpr FixedText() = default;
 
     /// Both texts in one, with one NUL at the end.
-    template <std::size_t Other> consteval auto operator+(const FixedText<Other> &other) const
+    template <std::size_t Other> constexpr auto operator+(const FixedText<Other> &other) const
     {
         FixedText<Size + Other - 1> both;
         for (std::size_t i = 0; i < Size - 1; ++i)
@@ -35,14 +35,14 @@ template <std::size_t Size> struct FixedText {
 /// The three lie behind each other as "name\0field\0message\0" (an empty field stands for the name), so that a key
 /// takes one register to hand over and no relocation to load.
 class Key {
-  public:
+public:
     constexpr explicit Key(const char *packed) : packed_(packed) {}
 
     [[nodiscard]] constexpr const char *name() const { return packed_; }
     [[nodiscard]] const char *field() const { return *after(packed_) != '\0' ? after(packed_) : packed_; }
     [[nodiscard]] const char *message() const { return after(after(packed_)); }
 
-  private:
+private:
     static const char *after(const char *text) { return text + std::strlen(text) + 1; }
 
     const char *packed_;
@@ -56,14 +56,14 @@ inline constexpr auto packed_key = name + FixedText("\0") + field + FixedText("\
 } // namespace detail
 
 /// "opMode"_key: reported under its own name, with the message "opMode field not found".
-template <FixedText name> consteval Key operator""_key()
+template <FixedText name> constexpr Key operator""_key()
 {
     return Key(detail::packed_key<name, "", name + FixedText(" field not found")>.characters);
 }
 
 /// key<"acs_url", "acs.acs_url">(): reported under another field name, with the message "acs_url field not found".
 /// key<"enable", "enable", "enable not found">(): with another message as well.
-template <FixedText name, FixedText field, FixedText message = name + FixedText(" field not found")> consteval Key key()
+template <FixedText name, FixedText field, FixedText message = name + FixedText(" field not found")> constexpr Key key()
 {
     return Key(detail::packed_key<name, field, message>.characters);
 }

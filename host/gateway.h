@@ -13,7 +13,7 @@ namespace kelmora_host {
 
 /// A gateway's whole configuration and state, in memory: the nodes of each resource.
 class Gateway {
-  public:
+public:
     /// The nodes of a resource, in order; none for a resource that this gateway does not have.
     [[nodiscard]] std::vector<Node> &nodes(std::string_view resource);
 
@@ -23,7 +23,7 @@ class Gateway {
         nodes(resource).emplace_back(id, Record(record));
     }
 
-  private:
+private:
     std::map<std::string, std::vector<Node>, std::less<>> nodes_;
 };
 

@@ -1,6 +1,8 @@
 #include "host/node.h"
 
-#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <utility>
 
 namespace kelmora_host {
@@ -39,6 +41,12 @@ void Node::point_at_record()
 }
 
 void Node::link(Node *next) { header_.host_private[next_slot] = next != nullptr ? next->resource() : nullptr; }
+
+Node empty_node(std::string_view id)
+{
+    static constexpr std::array<std::byte, 65536> zeros{};
+    return {id, Record(zeros)};
+}
 
 kelmora_resource *link_request(std::vector<Node> &nodes, bool as_list)
 {

@@ -12,7 +12,7 @@ namespace kelmora_host {
 
 /// A record with its resource node, as the host keeps it. Copies are deep and linked to nothing.
 class Node {
-  public:
+public:
     /// id: cut to 128 bytes.
     Node(std::string_view id, Record record);
     Node(const Node &other);
@@ -29,12 +29,16 @@ class Node {
     /// Hangs another node (or none) behind this one.
     void link(Node *next);
 
-  private:
+private:
     void point_at_record();
 
     kelmora_resource header_{};
     Record record_;
 };
+
+/// A node whose record is all zeros and large enough to be taken for a record of any type: it stands where there is no
+/// record.
+Node empty_node(std::string_view id = {});
 
 /// Links nodes into the list of one request and returns its head. as_list: whether the request is for a list. The nodes
 /// must not move while the list is in use. There must be at least one.

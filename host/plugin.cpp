@@ -37,7 +37,8 @@ Plugin::Plugin(const std::filesystem::path &path)
 
 std::filesystem::path Plugin::default_path()
 {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / "libkelmora_json.so.1.3.0";
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
+    return program.parent_path() / ("libkelmora_json.so." + std::string(default_version));
 }
 
 } // namespace kelmora_host

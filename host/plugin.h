@@ -4,28 +4,32 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace kelmora_host {
 
 /// A plug-in could not be loaded; what() says why.
 class PluginError : public std::runtime_error {
-  public:
+public:
     using std::runtime_error::runtime_error;
 };
 
 /// The plug-in, loaded into this process. It stays loaded until the process ends: the texts of its errors are its own.
 class Plugin {
-  public:
+public:
     /// Loads the shared object and lets it register its translators. Throws PluginError when the file does not load, a
     /// symbol is missing, or a pair was not registered.
     explicit Plugin(const std::filesystem::path &path);
 
     [[nodiscard]] const std::string &version() const { return version_; }
 
-    /// Where the plug-in is when nobody says: beside the running program.
+    /// The version of the plug-in that this program is made with.
+    static constexpr std::string_view default_version = "1.3.0";
+
+    /// Where that plug-in is: beside the running program.
     static std::filesystem::path default_path();
 
-  private:
+private:
     std::string version_;
 };
 

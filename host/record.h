@@ -7,6 +7,7 @@
 #include <memory>
 #include <new>
 #include <type_traits>
+#include <utility>
 
 namespace kelmora_host {
 
@@ -80,7 +81,7 @@ struct Free {
 
 /// A record of any type, owned: a C struct and all that hangs on it. Copies are deep.
 class Record {
-  public:
+public:
     /// A copy of `value` whose chains and texts it takes over.
     template <class T> explicit Record(const T &value) : bytes_(new std::byte[sizeof(T)]), type_(&type_of<T>)
     {
@@ -113,9 +114,9 @@ class Record {
     [[nodiscard]] std::size_t size() const { return type_->size; }
 
     /// The record as its struct. T must be the type that it was made of.
-    template <class T> [[nodiscard]] T &as() { return *std::launder(reinterpret_cast<T *>(bytes_.get())); }
+    template <class T> [[nodiscard]] T &as() { return *std::launder(static_cast<T *>(data())); }
 
-  private:
+private:
     struct Type {
         std::size_t size;
         void (*duplicate)(void *record);

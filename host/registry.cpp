@@ -6,9 +6,8 @@ namespace kelmora_host {
 
 const std::array<Resource, KELMORA_RESOURCE_COUNT> &resources()
 {
-    using enum Directions;
-#define SERVED(number, name, group, directions) Resource{number, #name, #group, directions, true},
-#define PENDING(number, name, group, directions) Resource{number, #name, #group, directions, false},
+#define SERVED(number, name, group, directions) Resource{number, #name, #group, Directions::directions, true},
+#define PENDING(number, name, group, directions) Resource{number, #name, #group, Directions::directions, false},
     static constexpr std::array<Resource, KELMORA_RESOURCE_COUNT> table{{KELMORA_RESOURCES(SERVED, PENDING)}};
 #undef SERVED
 #undef PENDING

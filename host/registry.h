@@ -38,7 +38,7 @@ struct Registration {
 
 /// The pairs that plug-ins registered in this process.
 class Registry {
-  public:
+public:
     /// The process's own.
     static Registry &instance();
 
@@ -57,7 +57,7 @@ class Registry {
     /// Answers registrations in this host's stead, when set.
     std::function<int(const Registration &)> answer;
 
-  private:
+private:
     std::vector<Registration> log_;
 };
 

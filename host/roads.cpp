@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, const char *message, const char *source)
 {
@@ -11,6 +12,17 @@ void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, c
 }
 
 namespace kelmora_host {
+
+namespace {
+
+ReadAnswer ask(kelmora_to_translator to, kelmora_resource *head)
+{
+    OutputBuffer buffer;
+    const int result = to(head, buffer.pointer());
+    return {result, buffer.bytes()};
+}
+
+} // namespace
 
 OutputBuffer::OutputBuffer() : bytes_(static_cast<char *>(std::malloc(initial_size)))
 {
@@ -23,9 +35,11 @@ OutputBuffer::~OutputBuffer() { std::free(bytes_); }
 
 ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list)
 {
-    OutputBuffer buffer;
-    const int result = to(link_request(nodes, as_list), buffer.pointer());
-    return {result, buffer.bytes()};
+    if (!nodes.empty())
+        return ask(to, link_request(nodes, as_list));
+    Node nothing = empty_node();
+    nothing.resource()->is_list = as_list ? 1 : 0;
+    return ask(to, nothing.resource());
 }
 
 WriteAnswer write(kelmora_from_translator from, Node &node, const std::string &text)

@@ -5,7 +5,6 @@
 #include "host/node.h"
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,7 +12,7 @@ namespace kelmora_host {
 
 /// The buffer that a to-translator writes into: from malloc, 4096 bytes to begin with.
 class OutputBuffer {
-  public:
+public:
     static constexpr std::size_t initial_size = 4096;
 
     OutputBuffer();
@@ -24,7 +23,7 @@ class OutputBuffer {
     [[nodiscard]] char **pointer() { return &bytes_; }
     [[nodiscard]] const char *bytes() const { return bytes_; }
 
-  private:
+private:
     char *bytes_;
 };
 
@@ -34,7 +33,8 @@ struct ReadAnswer {
     std::string text; ///< the JSON text; empty when the translator wrote nothing
 };
 
-/// The read road: records to JSON. as_list: a JSON array of all nodes, else one object. nodes: at least one.
+/// The read road: records to JSON. as_list: a JSON array of all nodes, else one object. No nodes: the request's head is
+/// then an empty record, with a count of 0.
 ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list);
 
 /// What came back on the write road.

@@ -1,0 +1,46 @@
+# The thin front of the build, for people and for CI. What a target does stands in CMakePresets.json and scripts/.
+
+RELEASE = build/release
+SOURCES = $(shell git ls-files '*.h' '*.c' '*.cpp')
+
+.PHONY: all help demo check test mips debug asan tsan lint format install dependencies clean
+.DEFAULT_GOAL := all
+
+all: ## the release library, build/release/libkelmora_json.so.1.3.0
+	@sh scripts/build.sh release kelmora_json
+
+help: ## this list
+	@awk -F ':.*## ' '/^[a-z ]+:.*## / { printf "  make %-16s %s\n", $$1, $$2 }' Makefile
+
+demo: dependencies ## the main job on real input, with the development host
+	@sh scripts/build.sh release kelmora_json kelmora-host
+	@sh scripts/demo.sh
+
+check: dependencies ## everything that must hold: all tests on x86-64, with sanitizers and on MIPS, the ABI, lint
+	@sh scripts/check.sh
+
+test: ## the quick inner loop: the tests on x86-64
+	@sh scripts/build.sh release
+	@ctest --preset release
+
+mips: ## the target's library, host and tests, in build/mips
+	@sh scripts/build-mips-sysroot.sh
+	@sh scripts/build.sh mips
+
+debug asan tsan: ## builds of everything, in build/debug, build/asan, build/tsan
+	@sh scripts/build.sh $@
+
+lint: ## clang-format and clang-tidy find nothing
+	@sh scripts/lint.sh
+
+format: ## clang-format all sources in place
+	@clang-format -i $(SOURCES)
+
+install: all ## puts library, headers and package files below PREFIX (and DESTDIR)
+	@cmake --install $(RELEASE) $(if $(PREFIX),--prefix $(PREFIX))
+
+dependencies: ## installs what building and testing need (Debian, as root or through sudo)
+	@sh scripts/install-dependencies.sh || [ $$? -eq 3 ]
+
+clean: ## removes build/
+	@rm -rf build

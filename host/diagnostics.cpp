@@ -1,0 +1,15 @@
+#include "host/diagnostics.h"
+
+namespace kelmora_host {
+
+std::string error_line(std::string_view about, std::string_view message)
+{
+    return std::string(about) + ": error: " + std::string(message);
+}
+
+std::string warning_line(std::string_view message)
+{
+    return std::string(program_name) + ": warning: " + std::string(message);
+}
+
+} // namespace kelmora_host

@@ -1,0 +1,27 @@
+#ifndef KELMORA_HOST_JSON_H
+#define KELMORA_HOST_JSON_H
+
+#include <jansson.h>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kelmora_host {
+
+/// Releases its reference to a JSON value.
+struct JsonRelease {
+    void operator()(json_t *value) const { json_decref(value); }
+};
+
+/// A JSON value, owned: one reference.
+using Json = std::unique_ptr<json_t, JsonRelease>;
+
+/// A new JSON string, for jansson's functions that take over a reference.
+inline json_t *json_text(std::string_view text) { return json_stringn(text.data(), text.size()); }
+
+/// The value as one line of text, without its end.
+std::string to_text(const Json &value);
+
+} // namespace kelmora_host
+
+#endif

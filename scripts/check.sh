@@ -1,0 +1,63 @@
+#!/bin/sh
+# Everything that must hold before a change lands. Stops at the first failure. What a machine without the tools for it
+# had to leave out is said at the end; with CI=true that is a failure.
+set -u
+cd "$(dirname "$0")/.."
+
+mkdir -p build
+touch build/missing.txt
+
+stage() { printf '\n== %s\n' "$*"; }
+die() {
+    printf '\nmake check: FAILED: %s\n' "$*" >&2
+    exit 1
+}
+
+# tests PRESET WHAT: builds a preset and runs its tests.
+tests() {
+    stage "$2"
+    sh scripts/build.sh "$1" || die "$2: build"
+    ctest --preset "$1" || die "$2"
+}
+
+# can TOOL...: whether all tools are there; those that are not have been named by install-dependencies.sh.
+can() {
+    for tool in "$@"; do
+        command -v "$tool" >/dev/null || return 1
+    done
+}
+
+left_out=""
+leave_out() { left_out="$left_out
+  - $1"; }
+
+tests release "tests on this machine, with gcc"
+
+if can clang++; then
+    tests asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer, with clang"
+else
+    leave_out "the tests with sanitizers"
+fi
+
+if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt ]; then
+    sh scripts/build-mips-sysroot.sh || die "the JSON library for MIPS"
+    tests mips "tests on MIPS, under qemu-mips"
+else
+    leave_out "the MIPS build and its tests"
+fi
+
+if can clang-format clang-tidy; then
+    stage "lint"
+    sh scripts/lint.sh || die "lint"
+else
+    leave_out "lint"
+fi
+
+if [ -n "$left_out" ]; then
+    printf '\n!! make check LEFT OUT:%s\n!! for want of:\n' "$left_out" >&2
+    sed 's/^/  - /' build/missing.txt >&2
+    [ "${CI:-}" != true ] || die "CI must leave out nothing"
+    printf '\nmake check: passed, but for what was left out\n'
+else
+    printf '\nmake check: passed\n'
+fi

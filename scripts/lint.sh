@@ -1,0 +1,15 @@
+#!/bin/sh
+# clang-format and clang-tidy over what git knows, with the versions of Debian 12 (14). Needs the release build's
+# compile commands.
+set -eu
+cd "$(dirname "$0")/.."
+
+[ -f build/release/compile_commands.json ] || sh scripts/build.sh release kelmora_json
+
+git ls-files '*.h' '*.c' '*.cpp' | xargs clang-format --dry-run -Werror
+git ls-files 'frame/*.cpp' 'translators/*.cpp' 'host/*.cpp' |
+    xargs -n 4 -P "$(nproc)" clang-tidy -p build/release --quiet 2>build/clang-tidy.log || {
+    grep -v 'warnings generated' build/clang-tidy.log >&2
+    exit 1
+}
+echo "lint: clean"

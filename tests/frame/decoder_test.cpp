@@ -1,0 +1,382 @@
+#include "frame/decoder.h"
+
+#include "tests/support/allocations.h"
+#include "tests/support/from_test.h"
+
+#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace kelmora {
+
+namespace {
+
+using kelmora_host::Error;
+using kelmora_test::FromTest;
+using kelmora_test::with;
+using kelmora_test::without;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A field of every kind, each read in every way.
+struct Fields {
+    std::uint8_t boolean;
+    std::uint8_t byte;
+    std::uint16_t half;
+    std::uint32_t word;
+    std::int32_t number;
+    char text[8];
+    std::uint8_t optional_boolean;
+    std::uint8_t optional_byte;
+    std::uint16_t optional_half;
+    std::uint32_t optional_word;
+    std::int32_t optional_number;
+    char optional_text[8];
+    std::uint8_t nested;
+};
+
+void read(Decoder &in, Fields &fields)
+{
+    in.required_boolean("boolean"_key, fields.boolean);
+    in.required_integer("byte"_key, fields.byte);
+    in.required_integer("half"_key, fields.half);
+    in.required_integer("word"_key, fields.word);
+    in.required_integer("number"_key, fields.number);
+    in.required_text("text"_key, fields.text);
+    in.optional_boolean("optional_boolean", fields.optional_boolean);
+    in.optional_integer("optional_byte", fields.optional_byte);
+    in.optional_integer("optional_half", fields.optional_half);
+    in.optional_integer("optional_word", fields.optional_word);
+    in.optional_integer("optional_number", fields.optional_number);
+    in.optional_text("optional_text", fields.optional_text);
+    Decoder group = in.required(key<"group", "group", "group fields not found">());
+    group.required_boolean(key<"nested", "group.nested">(), fields.nested);
+}
+
+int from(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
+
+constexpr char document[] = R"({
+    "boolean": true, "byte": 1, "half": 2, "word": 3, "number": -4, "text": "five",
+    "optional_boolean": true, "optional_byte": 6, "optional_half": 7, "optional_word": 8, "optional_number": -9,
+    "optional_text": "ten", "group": {"nested": true}
+})";
+
+class Decode : public FromTest<Fields> {
+protected:
+    Decode() : FromTest(from, document) {}
+};
+
+TEST_F(Decode, StoresEveryKind)
+{
+    EXPECT_TRUE(accepts(document));
+    EXPECT_EQ(record().boolean, 1);
+    EXPECT_EQ(record().byte, 1);
+    EXPECT_EQ(record().half, 2);
+    EXPECT_EQ(record().word, 3U);
+    EXPECT_EQ(record().number, -4);
+    EXPECT_STREQ(record().text, "five");
+    EXPECT_EQ(record().optional_boolean, 1);
+    EXPECT_EQ(record().optional_byte, 6);
+    EXPECT_EQ(record().optional_half, 7);
+    EXPECT_EQ(record().optional_word, 8U);
+    EXPECT_EQ(record().optional_number, -9);
+    EXPECT_STREQ(record().optional_text, "ten");
+    EXPECT_EQ(record().nested, 1);
+}
+
+TEST_F(Decode, ReportsTheFirstMissingKeyAlone)
+{
+    expect_required_in_order({{"boolean", "boolean", "boolean field not found"},
+                              {"byte", "byte", "byte field not found"},
+                              {"half", "half", "half field not found"},
+                              {"word", "word", "word field not found"},
+                              {"number", "number", "number field not found"},
+                              {"text", "text", "text field not found"}});
+    EXPECT_TRUE(rejects(without(document, "group"), "group", "group fields not found"));
+    EXPECT_TRUE(rejects(without(document, "group.nested"), "group.nested", "nested field not found"));
+}
+
+TEST_F(Decode, FindsNoMembersInWhatIsNoObject)
+{
+    for (const char *value : {"1", "true", "null", "\"nested\"", "[]", "[{\"nested\": true}]"})
+        EXPECT_TRUE(rejects(with(document, "group", value), "group.nested", "nested field not found"));
+}
+
+TEST_F(Decode, StoresNothingBehindAFailure)
+{
+    make_stale();
+    EXPECT_TRUE(rejects(without(document, "word"), "word", "word field not found"));
+    EXPECT_EQ(record().half, 2);
+    EXPECT_TRUE(untouched(record().word));
+    EXPECT_TRUE(untouched(record().number));
+    EXPECT_TRUE(untouched(record().text));
+    EXPECT_TRUE(untouched(record().optional_boolean));
+    EXPECT_TRUE(untouched(record().optional_text));
+    EXPECT_TRUE(untouched(record().nested));
+}
+
+TEST_F(Decode, KeepsOptionalFieldsThatAreAbsent)
+{
+    expect_optional("optional_boolean", record().optional_boolean);
+    expect_optional("optional_byte", record().optional_byte);
+    expect_optional("optional_half", record().optional_half);
+    expect_optional("optional_word", record().optional_word);
+    expect_optional("optional_number", record().optional_number);
+    expect_optional("optional_text", record().optional_text);
+}
+
+TEST_F(Decode, TakesOnlyTrueForTrue)
+{
+    expect_boolean("boolean", record().boolean);
+    expect_boolean("optional_boolean", record().optional_boolean);
+    expect_boolean("group.nested", record().nested);
+}
+
+TEST_F(Decode, CutsIntegersToTheirWidth)
+{
+    expect_integer("byte", record().byte);
+    expect_integer("half", record().half);
+    expect_integer("word", record().word);
+    expect_integer("number", record().number);
+    expect_integer("optional_byte", record().optional_byte);
+    expect_integer("optional_half", record().optional_half);
+    expect_integer("optional_word", record().optional_word);
+    expect_integer("optional_number", record().optional_number);
+}
+
+TEST_F(Decode, CutsTextsToTheirField)
+{
+    expect_text("text", record().text);
+    expect_text("optional_text", record().optional_text);
+}
+
+TEST_F(Decode, CutsTextsBetweenBytesOfACharacterToo)
+{
+    EXPECT_TRUE(accepts(with(document, "text", "\"123456\xC3\xA4\"")));
+    EXPECT_STREQ(record().text, "123456\xC3");
+}
+
+TEST_F(Decode, KeepsTheCommonContract) { expect_common_contract(); }
+
+TEST_F(Decode, SurvivesFailingMemory) { expect_survives_failing_memory(); }
+
+/// Members that must be of their type.
+struct Checked {
+    std::uint8_t boolean;
+    std::uint8_t byte;
+    std::uint32_t word;
+    char text[8];
+    std::uint32_t elements;
+};
+
+void read_checked(Decoder &in, Checked &fields)
+{
+    in.checked_boolean("boolean", fields.boolean);
+    in.checked_integer("byte", fields.byte);
+    in.checked_integer("word", fields.word);
+    in.checked_text("text", fields.text);
+    const Elements list = in.checked_array("list");
+    if (in.ok())
+        fields.elements = static_cast<std::uint32_t>(list.size());
+}
+
+constexpr char checked_document[] = R"({"boolean": true, "byte": 300, "word": 5, "text": "text", "list": [1, 2]})";
+
+class DecodeChecked : public FromTest<Checked> {
+protected:
+    DecodeChecked()
+        : FromTest([](kelmora_resource *node, const char *text,
+                      kelmora_errorlist *errors) { return decode<read_checked>(node, text, errors); },
+                   checked_document)
+    {
+    }
+};
+
+TEST_F(DecodeChecked, StoresWhatIsOfItsType)
+{
+    EXPECT_TRUE(accepts(checked_document));
+    EXPECT_EQ(record().boolean, 1);
+    EXPECT_EQ(record().byte, 44);
+    EXPECT_EQ(record().word, 5U);
+    EXPECT_STREQ(record().text, "text");
+    EXPECT_EQ(record().elements, 2U);
+    EXPECT_TRUE(accepts(with(checked_document, "boolean", "false")));
+    EXPECT_EQ(record().boolean, 0);
+}
+
+TEST_F(DecodeChecked, RejectsEveryOtherTypeAndStoresNothingOfIt)
+{
+    const std::vector<std::pair<std::string, std::string>> types = {
+        {"boolean", "boolean"}, {"byte", "integer"}, {"word", "integer"}, {"text", "string"}, {"list", "array"}};
+    const std::vector<std::pair<std::string, std::string>> values = {
+        {"true", "boolean"}, {"0", "integer"}, {"1.0", "real"}, {"\"text\"", "string"},
+        {"[]", "array"},     {"{}", "object"}, {"null", "null"}};
+    for (const auto &[member, type] : types) {
+        for (const auto &[value, kind] : values) {
+            const std::string text = with(checked_document, member, value);
+            if (kind == type)
+                EXPECT_TRUE(accepts(text));
+            else
+                EXPECT_TRUE(rejects(text, member, "data type must be a valid " + type));
+        }
+        EXPECT_TRUE(rejects(without(checked_document, member), member, "field not found"));
+    }
+    make_stale();
+    EXPECT_TRUE(rejects(with(checked_document, "word", "\"5\""), "word", "data type must be a valid integer"));
+    EXPECT_EQ(record().byte, 44);
+    EXPECT_TRUE(untouched(record().word));
+    EXPECT_TRUE(untouched(record().text));
+}
+
+/// What a reader saw.
+struct Seen {
+    std::vector<std::string> texts;
+    std::vector<long long> numbers;
+    std::size_t rounds = 0;
+};
+
+/// Reads a document without a node; the reader has the parsed document before it.
+template <class Reader> std::vector<Error> reading(const char *text, Reader reader)
+{
+    const std::size_t alive = kelmora_test::allocations::json_alive();
+    kelmora_errorlist errors;
+    {
+        Decoder::Call call{Document(json_loads(text, 0, nullptr)), &errors};
+        Decoder in(call, call.document.root());
+        reader(in);
+    }
+    EXPECT_EQ(kelmora_test::allocations::json_alive(), alive);
+    return errors.errors;
+}
+
+TEST(Decoder, ReadsElementsInOrder)
+{
+    Seen seen;
+    EXPECT_THAT(reading(R"({"list": ["a", 5, "", {"n": 7}]})",
+                        [&](Decoder &in) {
+                            for (const Decoder element : in.required_array("list"_key)) {
+                                seen.texts.emplace_back(element.text());
+                                seen.numbers.push_back(element.integer());
+                            }
+                            const Elements list = in.optional_array("list");
+                            EXPECT_EQ(list.size(), 4U);
+                            std::uint32_t n = 0;
+                            list[3].required_integer("n"_key, n);
+                            EXPECT_EQ(n, 7U);
+                            EXPECT_FALSE(list[4]);
+                        }),
+                IsEmpty());
+    EXPECT_THAT(seen.texts, ElementsAre("a", "", "", ""));
+    EXPECT_THAT(seen.numbers, ElementsAre(0, 5, 0, 0));
+}
+
+TEST(Decoder, SeesNoElementsInWhatIsNoArray)
+{
+    EXPECT_THAT(reading(R"({"object": {"a": 1}, "text": "abc", "number": 5})",
+                        [](Decoder &in) {
+                            for (const char *name : {"object", "text", "number", "missing"}) {
+                                for (const Decoder element : in.optional_array(name))
+                                    FAIL() << name << element.text();
+                                EXPECT_EQ(in.optional_array(name).size(), 0U);
+                            }
+                            EXPECT_EQ(in.required_array("text"_key).size(), 0U);
+                        }),
+                IsEmpty());
+}
+
+TEST(Decoder, EndsALoopAtAFailure)
+{
+    Seen seen;
+    EXPECT_THAT(reading(R"({"list": [{"n": 1}, {}, {"n": 3}]})",
+                        [&](Decoder &in) {
+                            for (Decoder element : in.required_array("list"_key)) {
+                                std::uint32_t n = 0;
+                                element.required_integer(key<"n", "list", "no n field">(), n);
+                                ++seen.rounds;
+                            }
+                            EXPECT_FALSE(in.ok());
+                        }),
+                ElementsAre(Error{"list", "no n field", "json"}));
+    EXPECT_EQ(seen.rounds, 2U);
+}
+
+TEST(Decoder, DoesNothingAfterAFailure)
+{
+    EXPECT_THAT(reading(R"({"n": 1, "group": {"n": 2}, "list": [1], "text": "t"})",
+                        [](Decoder &in) {
+                            Decoder group = in.required("group"_key);
+                            const Elements list = in.required_array("list"_key);
+                            in.fail("field", "message", "source");
+                            EXPECT_EQ(in.document().root(), nullptr);
+                            in.fail("another", "message");
+                            std::uint32_t n = 5;
+                            std::uint8_t boolean = 5;
+                            char text[4] = "abc";
+                            in.required_integer("n"_key, n);
+                            in.required_integer("missing"_key, n);
+                            in.optional_integer("n", n);
+                            group.required_integer("n"_key, n);
+                            in.checked_integer("n", n);
+                            in.checked_integer("missing", n);
+                            in.checked_boolean("n", boolean);
+                            in.required_text("text"_key, text);
+                            EXPECT_EQ(n, 5U);
+                            EXPECT_EQ(boolean, 5);
+                            EXPECT_STREQ(text, "abc");
+                            EXPECT_FALSE(in);
+                            EXPECT_FALSE(in.optional("n"));
+                            EXPECT_FALSE(group);
+                            EXPECT_EQ(list.size(), 0U);
+                            EXPECT_FALSE(list[0]);
+                        }),
+                ElementsAre(Error{"field", "message", "source"}));
+}
+
+TEST(Decoder, TellsAnAbsentMemberFromAPresentOne)
+{
+    EXPECT_THAT(reading(R"({"null": null, "empty": {}})",
+                        [](Decoder &in) {
+                            EXPECT_TRUE(in.optional("null"));
+                            EXPECT_TRUE(in.optional("empty"));
+                            EXPECT_FALSE(in.optional("missing"));
+                            std::uint32_t n = 5;
+                            in.optional("missing").optional_integer("n", n);
+                            EXPECT_EQ(n, 5U);
+                            EXPECT_TRUE(in.ok());
+                        }),
+                IsEmpty());
+}
+
+// ---- records that are fetched late
+
+std::uint32_t *fetched = nullptr;
+
+void read_late(Decoder &in, kelmora_resource *node)
+{
+    const Decoder value = in.required("n"_key);
+    if (!in.ok())
+        return;
+    fetched = static_cast<std::uint32_t *>(kelmora_resource_get_data(node));
+    *fetched = static_cast<std::uint32_t>(value.integer());
+}
+
+TEST(DecodeLate, HandsTheReaderTheNodeItself)
+{
+    kelmora_host::Node node("id", kelmora_host::Record(std::uint32_t{0}));
+    kelmora_errorlist errors;
+    fetched = nullptr;
+    EXPECT_EQ(decode<read_late>(node.resource(), "{}", &errors), 0);
+    EXPECT_EQ(fetched, nullptr);
+    EXPECT_EQ(decode<read_late>(node.resource(), R"({"n": 7})", &errors), 1);
+    EXPECT_EQ(node.record().as<std::uint32_t>(), 7U);
+    EXPECT_THAT(errors.errors, ElementsAre(Error{"n", "n field not found", "json"}));
+}
+
+} // namespace
+
+} // namespace kelmora

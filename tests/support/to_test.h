@@ -1,0 +1,86 @@
+#ifndef KELMORA_TESTS_SUPPORT_TO_TEST_H
+#define KELMORA_TESTS_SUPPORT_TO_TEST_H
+
+#include "host/node.h"
+
+#include "kelmora_host.h"
+
+#include <cstdint>
+#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kelmora_test {
+
+/// Calls a to-translator on a list of nodes and checks what holds for every call of any: no JSON value and no memory
+/// outlives the call, records and nodes are only read, and nothing is written behind the buffer.
+class ToTestBase : public testing::Test {
+protected:
+    explicit ToTestBase(kelmora_to_translator to) : to_(to) {}
+
+    /// The text of a request for a list of all nodes.
+    std::string list() { return text(true); }
+
+    /// The text of a request for a single record.
+    std::string object() { return text(false); }
+
+    /// The text of a request whose head gives another count than there are nodes.
+    std::string list_counting(std::uint32_t count) { return text(true, count); }
+    std::string object_counting(std::uint32_t count) { return text(false, count); }
+
+    /// With each allocation failing in turn, that one alone or all from there on: the right text and 1, or the empty
+    /// document and 0.
+    void expect_survives_failing_memory();
+
+    std::vector<kelmora_host::Node> nodes_;
+
+    // What the last call asked for.
+    std::size_t allocations_ = 0;
+    std::size_t reallocations_ = 0;
+
+private:
+    struct Answer {
+        int result;
+        std::string text;
+    };
+
+    std::string text(bool as_list, std::optional<std::uint32_t> count = std::nullopt);
+
+    /// prepare: called last before the translator.
+    template <class Prepare> Answer call(bool as_list, std::optional<std::uint32_t> count, Prepare prepare);
+
+    kelmora_to_translator to_;
+};
+
+/// The tests of the to-translator of one record type.
+template <class Type> class ToTest : public ToTestBase {
+protected:
+    using ToTestBase::ToTestBase;
+
+    /// Adds a node and returns its record, a copy of `record`.
+    Type &add(std::string_view id, const Type &record = {})
+    {
+        return nodes_.emplace_back(id, kelmora_host::Record(record)).record().template as<Type>();
+    }
+};
+
+/// Fills a text field to its last byte, so that no NUL is left.
+template <std::size_t width> void fill_whole(char (&field)[width], char character)
+{
+    std::memset(field, character, width);
+}
+
+/// Sets a text field; `text` must fit with its NUL.
+template <std::size_t width> void set(char (&field)[width], std::string_view text)
+{
+    ASSERT_LT(text.size(), width);
+    std::memset(field, 0, width);
+    text.copy(field, width - 1);
+}
+
+} // namespace kelmora_test
+
+#endif
