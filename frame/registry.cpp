@@ -35,4 +35,4 @@ int kelmora_json_init(void)
     return result;
 }
 
-const char *kelmora_json_get_version(void) { return "1.3.0"; }
+const char *kelmora_json_get_version(void) { return KELMORA_JSON_VERSION; }

@@ -48,7 +48,7 @@ std::string totals(const std::vector<Resource> &rows, std::string_view group, st
 {
     const auto served = std::ranges::count(rows, true, &Resource::served);
     std::ostringstream line;
-    line << rows.size() << " pairs" << (group.empty() ? "" : " of the group ") << group
+    line << rows.size() << (rows.size() == 1 ? " pair" : " pairs") << (group.empty() ? "" : " of the group ") << group
          << " registered by libkelmora_json " << plugin_version;
     if (!rows.empty())
         line << ", numbers " << rows.front().number << " to " << rows.back().number;

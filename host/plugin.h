@@ -1,6 +1,8 @@
 #ifndef KELMORA_HOST_PLUGIN_H
 #define KELMORA_HOST_PLUGIN_H
 
+#include "kelmora_json.h"
+
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -24,7 +26,7 @@ public:
     [[nodiscard]] const std::string &version() const { return version_; }
 
     /// The version of the plug-in that this program is made with.
-    static constexpr std::string_view default_version = "1.3.0";
+    static constexpr std::string_view default_version = KELMORA_JSON_VERSION;
 
     /// Where that plug-in is: beside the running program.
     static std::filesystem::path default_path();

@@ -21,6 +21,9 @@
 #define KELMORA_JSON_API
 #endif
 
+/* The version that these headers belong to. */
+#define KELMORA_JSON_VERSION "1.3.0"
+
 #ifdef __cplusplus
 extern "C" {
 #endif
@@ -34,7 +37,7 @@ struct json_t;
  * stop the rest. Returns what the host answered to the last one. May be called again. */
 KELMORA_JSON_API int kelmora_json_init(void);
 
-/* The library's version, "1.3.0": a constant, not to be freed. */
+/* The library's version, "1.3.0": the same constant at every call, not to be freed. */
 KELMORA_JSON_API const char *kelmora_json_get_version(void);
 
 /* ---- Output: buffer and texts ---------------------------------------------------------------------------------- */

@@ -218,7 +218,7 @@ TEST_F(Commands, ListOnlyWhatIsRegistered)
     EXPECT_EQ(list_as_table("", "9.8.7"),
               "NUMBER  RESOURCE                          DIRECTIONS  GROUP        STATE\n"
               "    20  site_survey                       to only     wireless     served\n"
-              "1 pairs registered by libkelmora_json 9.8.7, numbers 20 to 20; 1 served, 0 not supported yet\n");
+              "1 pair registered by libkelmora_json 9.8.7, numbers 20 to 20; 1 served, 0 not supported yet\n");
     EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"to only\", "
                                 "\"group\": \"wireless\", \"served\": true}]");
     EXPECT_EQ(list_as_json("device"), "[]");

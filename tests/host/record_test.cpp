@@ -185,7 +185,7 @@ TEST(Record, FreesACopyOnItsOwn)
         const Record original(two_groups());
         {
             Record copy(original);
-            EXPECT_EQ(copy.as<Policy>().version, 7);
+            copy.as<Policy>().version = 8;
             EXPECT_EQ(allocations::alive(), alive + 2 * blocks_of_two_groups);
         }
         EXPECT_EQ(allocations::alive(), alive + blocks_of_two_groups);
@@ -241,7 +241,7 @@ TEST(Record, CopyingThrowsWhenMemoryRunsOut)
 {
     const Record original(two_groups());
     allocations::fail(1, kelmora_test::Failing::once);
-    EXPECT_THROW(Record copy(original), std::bad_alloc);
+    EXPECT_THROW((void)Record(original), std::bad_alloc);
     allocations::pass();
 }
 
