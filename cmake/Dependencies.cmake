@@ -1,11 +1,15 @@
-# What must be there from outside: jansson's header for the library, jansson and CLI11 for the development host,
-# GoogleTest's source (Debian's package of it) for the tests, which are built with this project's own flags.
+# What must be there from outside: jansson's header for the library, jansson and CLI11 for the development host, and
+# GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and with the
+# same flags as the tests, or else an installed one.
 
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp)
 find_path(GOOGLETEST_SOURCE_DIR googletest/CMakeLists.txt PATHS /usr/src/googletest NO_DEFAULT_PATH
                                                                 NO_CMAKE_FIND_ROOT_PATH)
+if(NOT GOOGLETEST_SOURCE_DIR)
+    find_package(GTest CONFIG QUIET)
+endif()
 
 set(KELMORA_HAVE_HOST_DEPENDENCIES OFF)
 if(JANSSON_LIBRARY AND CLI11_INCLUDE_DIR)
@@ -15,10 +19,10 @@ else()
 endif()
 
 set(KELMORA_HAVE_TEST_DEPENDENCIES OFF)
-if(KELMORA_HAVE_HOST_DEPENDENCIES AND GOOGLETEST_SOURCE_DIR)
+if(KELMORA_HAVE_HOST_DEPENDENCIES AND (GOOGLETEST_SOURCE_DIR OR TARGET GTest::gmock_main))
     set(KELMORA_HAVE_TEST_DEPENDENCIES ON)
 elseif(KELMORA_HAVE_HOST_DEPENDENCIES)
-    message(WARNING "GoogleTest's source not found: the tests are left out")
+    message(WARNING "GoogleTest not found: the tests are left out")
 endif()
 
 add_library(jansson::headers INTERFACE IMPORTED)

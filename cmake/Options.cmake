@@ -3,8 +3,8 @@
 option(KELMORA_RELEASE_ALL "Release every parsed document, also on the paths that keep theirs by contract" OFF)
 set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
-option(KELMORA_BUILD_HOST "Build kelmora-host, the development host" ${KELMORA_HAVE_HOST_DEPENDENCIES})
-option(KELMORA_BUILD_TESTS "Build the tests" ${KELMORA_HAVE_TEST_DEPENDENCIES})
+option(KELMORA_BUILD_HOST "Build kelmora-host, the development host, where its dependencies are" ON)
+option(KELMORA_BUILD_TESTS "Build the tests, which need the development host, where their dependencies are" ON)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
