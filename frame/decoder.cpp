@@ -28,7 +28,7 @@ void Decoder::fail(const char *field, const char *message, const char *source)
 
 const char *Decoder::text() const
 {
-    const char *text = json_string_value(value_);
+    const char *text = ok() ? json_string_value(value_) : nullptr;
     return text != nullptr ? text : "";
 }
 

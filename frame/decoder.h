@@ -49,11 +49,17 @@ public:
     /// Whether the document has this value at all; false after a failure.
     explicit operator bool() const { return ok() && value_ != nullptr; }
 
-    /// The value as text, empty when it is no string: valid until the document is released.
+    /// JSON true, and nothing else; a missing value is not.
+    [[nodiscard]] bool is_true() const { return ok() && json_is_true(value_); }
+
+    /// A JSON string.
+    [[nodiscard]] bool is_text() const { return ok() && json_is_string(value_); }
+
+    /// The value as text, empty when it is no string. Valid until the document is released.
     [[nodiscard]] const char *text() const;
 
     /// The value as a number, 0 when it is no integer.
-    [[nodiscard]] json_int_t integer() const { return json_integer_value(value_); }
+    [[nodiscard]] json_int_t integer() const { return ok() ? json_integer_value(value_) : 0; }
 
     // ---- members that must be there
 
@@ -153,6 +159,12 @@ private:
     const json_t *array_;
 };
 
+/// The record of a node, as the type that the resource keeps.
+template <class Record> Record &record_of(kelmora_resource *node)
+{
+    return *static_cast<Record *>(kelmora_resource_get_data(node));
+}
+
 /// Reads a document into the node's record.
 using ReadNode = void (*)(Decoder &in, kelmora_resource *node);
 
@@ -164,10 +176,7 @@ namespace detail {
 template <auto read> struct NodeReader;
 
 template <class Record, void (*read)(Decoder &, Record &)> struct NodeReader<read> {
-    static void call(Decoder &in, kelmora_resource *node)
-    {
-        read(in, *static_cast<Record *>(kelmora_resource_get_data(node)));
-    }
+    static void call(Decoder &in, kelmora_resource *node) { read(in, record_of<Record>(node)); }
 };
 
 template <void (*read)(Decoder &, kelmora_resource *)> struct NodeReader<read> {

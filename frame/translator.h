@@ -2,6 +2,7 @@
 #ifndef KELMORA_FRAME_TRANSLATOR_H
 #define KELMORA_FRAME_TRANSLATOR_H
 
+#include "frame/chain.h"   // IWYU pragma: export
 #include "frame/decoder.h" // IWYU pragma: export
 #include "frame/encode.h"  // IWYU pragma: export
 

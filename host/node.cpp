@@ -7,40 +7,32 @@
 
 namespace kelmora_host {
 
-namespace {
-
-// What this host keeps in the private part of a node.
-constexpr std::size_t record_slot = 0;
-constexpr std::size_t next_slot = 1;
-static_assert(KELMORA_HOST_PRIVATE_POINTERS > next_slot);
-
-} // namespace
+static_assert(KELMORA_HOST_PRIVATE_POINTERS > 0, "this host keeps a pointer to its own node in each resource node");
 
 Node::Node(std::string_view id, Record record) : record_(std::move(record))
 {
     id.copy(header_.id, sizeof header_.id - 1);
-    point_at_record();
+    point_header_here();
 }
 
-Node::Node(const Node &other) : header_(other.header_), record_(other.record_) { point_at_record(); }
+Node::Node(const Node &other) : header_(other.header_), record_(other.record_) { point_header_here(); }
 
-Node::Node(Node &&other) noexcept : header_(other.header_), record_(std::move(other.record_)) { point_at_record(); }
+Node::Node(Node &&other) noexcept : header_(other.header_), record_(std::move(other.record_)) { point_header_here(); }
 
 Node &Node::operator=(Node other) noexcept
 {
     header_ = other.header_;
     record_ = std::move(other.record_);
-    point_at_record();
+    next_ = nullptr;
+    missing_.clear();
+    fetches_ = 0;
+    point_header_here();
     return *this;
 }
 
-void Node::point_at_record()
-{
-    header_.host_private[record_slot] = record_.data();
-    link(nullptr);
-}
+void Node::point_header_here() { header_.host_private[0] = this; }
 
-void Node::link(Node *next) { header_.host_private[next_slot] = next != nullptr ? next->resource() : nullptr; }
+Node &Node::of(const kelmora_resource *resource) { return *static_cast<Node *>(resource->host_private[0]); }
 
 Node empty_node(std::string_view id)
 {
@@ -60,9 +52,14 @@ kelmora_resource *link_request(std::vector<Node> &nodes, bool as_list)
 
 } // namespace kelmora_host
 
-void *kelmora_resource_get_data(kelmora_resource *node) { return node->host_private[kelmora_host::record_slot]; }
+using kelmora_host::Node;
+
+void *kelmora_resource_get_data(kelmora_resource *node) { return Node::of(node).fetch(); }
 
 kelmora_resource *kelmora_resource_get_next(kelmora_resource *node)
 {
-    return static_cast<kelmora_resource *>(node->host_private[kelmora_host::next_slot]);
+    Node *next = Node::of(node).next();
+    return next != nullptr ? next->resource() : nullptr;
 }
+
+void kelmora_set_missing(kelmora_resource *node, int field) { Node::of(node).mark_missing(field); }

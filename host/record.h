@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
+#include <initializer_list>
 #include <memory>
 #include <new>
 #include <type_traits>
@@ -11,17 +12,9 @@
 
 namespace kelmora_host {
 
-/// What a record (or a node of one of its chains) owns besides its own bytes. Records that own something specialise it
-/// and hand each pointer to the visitor:
-///
-///     template <> struct Owned<kelmora_limits> {
-///         template <class Visitor> static void visit(kelmora_limits &limits, Visitor &visitor)
-///         {
-///             visitor.chain(limits.wifi_limits);
-///         }
-///     };
-///
-/// visitor.chain(first): a chain of blocks from malloc, linked by `next`; visitor.text(pointer): a text from malloc.
+/// What a record (or a node of one of its chains) owns besides its own bytes: specialised in host/ownership.h for those
+/// that own something. visit() hands each owning pointer to the visitor: visitor.chain(first) for a chain of blocks
+/// from malloc that are linked by `next`, visitor.text(pointer) for a text from malloc.
 template <class Record> struct Owned {
     template <class Visitor> static void visit(Record & /*record*/, Visitor & /*visitor*/) {}
 };
@@ -78,6 +71,20 @@ struct Free {
         text = nullptr;
     }
 };
+
+/// A new chain of copies of these nodes, each a block from malloc. What the nodes own becomes the chain's.
+template <class Node> Node *make_chain(std::initializer_list<Node> nodes)
+{
+    Node *first = nullptr;
+    Node **link = &first;
+    for (const Node &node : nodes) {
+        *link = static_cast<Node *>(Duplicate::allocate(sizeof(Node)));
+        std::memcpy(*link, &node, sizeof(Node));
+        link = &(*link)->next;
+        *link = nullptr;
+    }
+    return first;
+}
 
 /// A record of any type, owned: a C struct and all that hangs on it. Copies are deep.
 class Record {
@@ -136,5 +143,8 @@ private:
 };
 
 } // namespace kelmora_host
+
+// Always beside the template, so that no record is taken for one that owns nothing.
+#include "host/ownership.h" // IWYU pragma: export
 
 #endif

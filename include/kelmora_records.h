@@ -9,6 +9,7 @@
 #ifndef KELMORA_RECORDS_H
 #define KELMORA_RECORDS_H
 
+#include "records/device.h"
 #include "records/wireless.h"
 
 #endif

@@ -310,6 +310,8 @@ TEST(Decoder, DoesNothingAfterAFailure)
     EXPECT_THAT(reading(R"({"n": 1, "group": {"n": 2}, "list": [1], "text": "t"})",
                         [](Decoder &in) {
                             Decoder group = in.required("group"_key);
+                            const Decoder number = in.required("n"_key);
+                            const Decoder word = in.required("text"_key);
                             const Elements list = in.required_array("list"_key);
                             in.fail("field", "message", "source");
                             EXPECT_EQ(in.document().root(), nullptr);
@@ -331,10 +333,28 @@ TEST(Decoder, DoesNothingAfterAFailure)
                             EXPECT_FALSE(in);
                             EXPECT_FALSE(in.optional("n"));
                             EXPECT_FALSE(group);
+                            EXPECT_EQ(number.integer(), 0);
+                            EXPECT_STREQ(word.text(), "");
+                            EXPECT_FALSE(word.is_text());
                             EXPECT_EQ(list.size(), 0U);
                             EXPECT_FALSE(list[0]);
                         }),
                 ElementsAre(Error{"field", "message", "source"}));
+}
+
+TEST(Decoder, TellsTheKindOfAValue)
+{
+    EXPECT_THAT(reading(R"({"true": true, "false": false, "one": 1, "text": "true", "empty": "", "null": null})",
+                        [](Decoder &in) {
+                            EXPECT_TRUE(in.optional("true").is_true());
+                            for (const char *name : {"false", "one", "text", "null", "missing"})
+                                EXPECT_FALSE(in.optional(name).is_true()) << name;
+                            EXPECT_TRUE(in.optional("text").is_text());
+                            EXPECT_TRUE(in.optional("empty").is_text());
+                            for (const char *name : {"true", "one", "null", "missing"})
+                                EXPECT_FALSE(in.optional(name).is_text()) << name;
+                        }),
+                IsEmpty());
 }
 
 TEST(Decoder, TellsAnAbsentMemberFromAPresentOne)
@@ -361,7 +381,7 @@ void read_late(Decoder &in, kelmora_resource *node)
     const Decoder value = in.required("n"_key);
     if (!in.ok())
         return;
-    fetched = static_cast<std::uint32_t *>(kelmora_resource_get_data(node));
+    fetched = &record_of<std::uint32_t>(node);
     *fetched = static_cast<std::uint32_t>(value.integer());
 }
 

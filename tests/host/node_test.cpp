@@ -83,6 +83,16 @@ TEST(Node, CanBeUnlinkedAgain)
     EXPECT_EQ(kelmora_resource_get_next(first.resource()), nullptr);
 }
 
+TEST(Node, CountsHowOftenItsRecordIsFetched)
+{
+    Node node("id", Record(7));
+    EXPECT_EQ(node.fetches(), 0U);
+    kelmora_resource_get_data(node.resource());
+    EXPECT_EQ(*static_cast<int *>(kelmora_resource_get_data(node.resource())), 7);
+    EXPECT_EQ(node.fetches(), 2U);
+    EXPECT_EQ(Node(node).fetches(), 0U);
+}
+
 TEST(EmptyNode, HasARecordOfZeros)
 {
     Node node = empty_node("nobody");
@@ -91,6 +101,17 @@ TEST(EmptyNode, HasARecordOfZeros)
     const auto *bytes = static_cast<const unsigned char *>(kelmora_resource_get_data(node.resource()));
     EXPECT_GE(node.record().size(), 4096U);
     EXPECT_TRUE(std::all_of(bytes, bytes + node.record().size(), [](unsigned char byte) { return byte == 0; }));
+}
+
+TEST(Node, RemembersTheFieldsThatAreMissing)
+{
+    Node node("id", Record(0));
+    kelmora_set_missing(node.resource(), 4);
+    kelmora_set_missing(node.resource(), 3);
+    EXPECT_EQ(node.missing(), (std::vector<int>{4, 3}));
+    EXPECT_TRUE(Node(node).missing().empty());
+    node = Node("another", Record(1));
+    EXPECT_TRUE(node.missing().empty());
 }
 
 TEST(LinkRequest, HangsTheNodesBehindEachOther)

@@ -5,7 +5,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <gtest/gtest.h>
-#include <initializer_list>
 #include <memory>
 #include <new>
 #include <utility>
@@ -60,39 +59,31 @@ namespace {
 
 namespace allocations = kelmora_test::allocations;
 
-template <class T> T *from_malloc(const T &value)
-{
-    auto *block = static_cast<T *>(std::malloc(sizeof(T)));
-    *block = value;
-    return block;
-}
-
 char *text_from_malloc(const char *text)
 {
     const std::size_t size = std::strlen(text) + 1;
     return static_cast<char *>(std::memcpy(std::malloc(size), text, size));
 }
 
-/// A chain of the elements, from malloc.
-template <class T> T *chain_of(std::initializer_list<T> elements)
-{
-    T *first = nullptr;
-    T **link = &first;
-    for (const T &element : elements) {
-        *link = from_malloc(element);
-        link = &(*link)->next;
-    }
-    return first;
-}
-
-/// Two groups: number 1 of the rules "allow" (10) and "deny" (20), number 2 of none..
+/// Two groups: number 1 of the rules "allow" (10) and "deny" (20), number 2 of none.
 Policy two_groups()
 {
-    Rule *rules = chain_of<Rule>({{text_from_malloc("allow"), 10, nullptr}, {text_from_malloc("deny"), 20, nullptr}});
-    return {7, text_from_malloc("at night"), chain_of<Group>({{1, rules, nullptr}, {2, nullptr, nullptr}})};
+    Rule *rules = make_chain<Rule>({{text_from_malloc("allow"), 10, nullptr}, {text_from_malloc("deny"), 20, nullptr}});
+    return {7, text_from_malloc("at night"), make_chain<Group>({{1, rules, nullptr}, {2, nullptr, nullptr}})};
 }
 
 constexpr std::size_t blocks_of_two_groups = 7;
+
+TEST(MakeChain, LinksCopiesOfTheNodesInOrder)
+{
+    Rule elsewhere{nullptr, 0, nullptr};
+    Rule *chain = make_chain<Rule>({{nullptr, 1, &elsewhere}, {nullptr, 2, &elsewhere}});
+    EXPECT_EQ(chain->priority, 1);
+    EXPECT_EQ(chain->next->priority, 2);
+    EXPECT_EQ(chain->next->next, nullptr);
+    Free().chain(chain);
+    EXPECT_EQ(make_chain<Rule>({}), nullptr);
+}
 
 TEST(Record, HoldsACopyOfTheStructItIsMadeOf)
 {

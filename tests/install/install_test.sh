@@ -39,6 +39,7 @@ $includedir/kelmora_json/kelmora_host.h
 $includedir/kelmora_json/kelmora_json.h
 $includedir/kelmora_json/kelmora_records.h
 $includedir/kelmora_json/kelmora_resources.h
+$includedir/kelmora_json/records/device.h
 $includedir/kelmora_json/records/wireless.h
 $libdir/pkgconfig/kelmora_json.pc
 $libdir/cmake/kelmora_json/kelmora_json-config.cmake

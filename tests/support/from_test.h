@@ -33,10 +33,19 @@ protected:
     /// What a field holds that nobody has written: no plausible value.
     static constexpr unsigned char stale = 0xA5;
 
-    FromTestBase(kelmora_from_translator from, std::string document, kelmora_host::Record record);
+    /// Bytes behind the record that nobody may write.
+    static constexpr std::size_t guard_size = 64;
 
-    /// Fills the record with stale bytes.
-    void make_stale();
+    FromTestBase(kelmora_from_translator from, std::string document, kelmora_host::Record record)
+        : document_(std::move(document)), node_("node under test", std::move(record)), from_(from)
+    {
+    }
+
+    /// Fills the record with stale bytes; its chains and texts are freed, and empty.
+    virtual void make_stale() = 0;
+
+    /// The record's bytes and those of all that hangs on it, without the pointers between them.
+    virtual std::string image() = 0;
 
     /// The translator accepts the text, without an error.
     testing::AssertionResult accepts(const std::string &text);
@@ -94,6 +103,9 @@ protected:
     /// A document that the translator accepts and that has every key it reads.
     const std::string document_;
 
+    /// How often the last call fetched the record.
+    std::size_t fetches_ = 0;
+
     kelmora_host::Node node_;
 
 private:
@@ -110,6 +122,39 @@ private:
     std::size_t allocations_asked_for_ = 0; ///< by the last call
 };
 
+/// Takes the image of what a record owns, and the pointers to it out of the record.
+class Image {
+public:
+    template <class Node> void chain(Node *&first)
+    {
+        for (const Node *node = first; node != nullptr; node = node->next) {
+            Node copy = *node;
+            copy.next = nullptr;
+            kelmora_host::Owned<Node>::visit(copy, *this);
+            bytes_.append(reinterpret_cast<const char *>(&copy), sizeof copy);
+        }
+        bytes_.append("end of chain");
+        first = nullptr;
+    }
+
+    void text(char *&text)
+    {
+        bytes_.append(text != nullptr ? text : "no text");
+        text = nullptr;
+    }
+
+    [[nodiscard]] const std::string &bytes() const { return bytes_; }
+
+private:
+    std::string bytes_;
+};
+
+/// Forgets what a record owns, without freeing it: what stale bytes say is no pointer.
+struct Forget {
+    template <class Node> void chain(Node *&first) { first = nullptr; }
+    void text(char *&text) { text = nullptr; }
+};
+
 /// The tests of the from-translator of one record type.
 template <class Type> class FromTest : public FromTestBase {
 protected:
@@ -117,17 +162,41 @@ protected:
     FromTest(kelmora_from_translator from, std::string document)
         : FromTestBase(from, std::move(document), kelmora_host::Record(Guarded{}))
     {
-        make_stale();
+        FromTest::make_stale();
     }
+
+    ~FromTest() override { free_what_it_owns(); }
 
     Type &record() { return node_.record().template as<Guarded>().record; }
 
+    void make_stale() override
+    {
+        free_what_it_owns();
+        std::memset(node_.record().data(), stale, node_.record().size());
+        Forget forget;
+        kelmora_host::Owned<Type>::visit(record(), forget);
+    }
+
+    std::string image() override
+    {
+        Guarded copy;
+        std::memcpy(&copy, node_.record().data(), sizeof copy);
+        Image image;
+        kelmora_host::Owned<Type>::visit(copy.record, image);
+        return std::string(reinterpret_cast<const char *>(&copy), sizeof copy) + image.bytes();
+    }
+
 private:
-    /// A record, and bytes behind it that nobody may write.
     struct Guarded {
         Type record;
-        unsigned char guard[64];
+        unsigned char guard[guard_size];
     };
+
+    void free_what_it_owns()
+    {
+        kelmora_host::Free free;
+        kelmora_host::Owned<Type>::visit(record(), free);
+    }
 };
 
 } // namespace kelmora_test

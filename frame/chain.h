@@ -1,0 +1,52 @@
+#ifndef KELMORA_FRAME_CHAIN_H
+#define KELMORA_FRAME_CHAIN_H
+
+#include "frame/decoder.h"
+
+#include <cstddef>
+
+namespace kelmora {
+
+/// The nodes of a chain inside a record, linked by `next` and ended by NULL, for a range-based for.
+template <class Node> class Chain {
+public:
+    explicit Chain(const Node *first) : first_(first) {}
+
+    class Iterator {
+    public:
+        explicit Iterator(const Node *node) : node_(node) {}
+        const Node &operator*() const { return *node_; }
+        Iterator &operator++()
+        {
+            node_ = node_->next;
+            return *this;
+        }
+        bool operator!=(std::nullptr_t /*end*/) const { return node_ != nullptr; }
+
+    private:
+        const Node *node_;
+    };
+
+    [[nodiscard]] Iterator begin() const { return Iterator(first_); }
+    [[nodiscard]] static std::nullptr_t end() { return nullptr; }
+
+private:
+    const Node *first_;
+};
+
+/// for (const auto &lease : chain(server.leases))
+template <class Node> Chain<Node> chain(const Node *first) { return Chain<Node>(first); }
+
+/// The body of new_node.
+[[nodiscard]] void *new_block(Decoder &in, std::size_t size, const char *list);
+
+/// A new node for a chain of the host's, all zeros, which the host frees: a single block from malloc. list: the key of
+/// the list. NULL after a failure, be it this one's own: (list, "out of memory", "json").
+template <class Node> [[nodiscard]] Node *new_node(Decoder &in, const char *list)
+{
+    return static_cast<Node *>(new_block(in, sizeof(Node), list));
+}
+
+} // namespace kelmora
+
+#endif
