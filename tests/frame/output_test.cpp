@@ -47,7 +47,8 @@ TEST_F(CheckDataSize, GrowsTheBufferFrom4096CharactersOn)
     for (const std::size_t length : {4096U, 4097U, 100000U}) {
         const std::uintptr_t answer = check(length);
         EXPECT_EQ(answer, reinterpret_cast<std::uintptr_t>(buffer_));
-        EXPECT_EQ(allocations::asked_for(), 1U);
+        EXPECT_EQ(allocations::reallocations(), 1U);
+        EXPECT_EQ(allocations::reallocated_size(), length + 1);
         EXPECT_STREQ(buffer_, "what was there");
         std::memset(buffer_ + 4096, 'x', length + 1 - 4096); // all of it can be written
     }

@@ -25,6 +25,7 @@ struct State {
     std::size_t json_blocks = 0;
     std::size_t asked_for = 0;
     std::size_t reallocations = 0;
+    std::size_t reallocated_size = 0;
     std::size_t failing_one = 0;
     Failing failing = Failing::once;
 
@@ -110,6 +111,12 @@ std::size_t reallocations()
     return state().reallocations;
 }
 
+std::size_t reallocated_size()
+{
+    const std::lock_guard lock(state().mutex);
+    return state().reallocated_size;
+}
+
 void fail(std::size_t n, Failing failing)
 {
     const std::lock_guard lock(state().mutex);
@@ -134,6 +141,7 @@ void *__wrap_realloc(void *block, std::size_t size)
 {
     const std::lock_guard lock(kelmora_test::state().mutex);
     ++kelmora_test::state().reallocations;
+    kelmora_test::state().reallocated_size = size;
     if (kelmora_test::state().fails())
         return nullptr;
     void *moved = __real_realloc(block, size);

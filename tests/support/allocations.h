@@ -21,8 +21,9 @@ namespace allocations {
 /// Allocations asked for since the last call of fail() or pass(), reallocations included.
 [[nodiscard]] std::size_t asked_for();
 
-/// The reallocations among them.
+/// The reallocations among them, and the size that the last of them asked for.
 [[nodiscard]] std::size_t reallocations();
+[[nodiscard]] std::size_t reallocated_size();
 
 /// The n-th allocation from now on fails, counted from 1; 0 fails none.
 void fail(std::size_t n, Failing failing);
