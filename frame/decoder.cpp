@@ -148,7 +148,7 @@ void Decoder::checked_text(const char *name, char *field, std::size_t width)
 
 Elements Decoder::checked_array(const char *name) { return {*call_, find_checked(name, KELMORA_JSON_ARRAY)}; }
 
-int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadNode read)
+int decode(void *into, const char *text, kelmora_errorlist *errors, Read read)
 {
     if (*text == '\0')
         return 1;
@@ -157,7 +157,7 @@ int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, 
     if (!in)
         in.fail("", "invalid json data");
     else
-        read(in, node);
+        read(in, into);
     return call.ok ? 1 : 0;
 }
 

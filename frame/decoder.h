@@ -165,22 +165,26 @@ template <class Record> Record &record_of(kelmora_resource *node)
     return *static_cast<Record *>(kelmora_resource_get_data(node));
 }
 
-/// Reads a document into the node's record.
-using ReadNode = void (*)(Decoder &in, kelmora_resource *node);
+/// Reads a document; `into` is the node, or a record that was fetched already.
+using Read = void (*)(Decoder &in, void *into);
 
 /// A from-translator. An empty text succeeds at once. Returns 1, or 0 after one error.
-int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadNode read);
+int decode(void *into, const char *text, kelmora_errorlist *errors, Read read);
 
 namespace detail {
 
-template <auto read> struct NodeReader;
+template <auto read> struct Reader;
 
-template <class Record, void (*read)(Decoder &, Record &)> struct NodeReader<read> {
-    static void call(Decoder &in, kelmora_resource *node) { read(in, record_of<Record>(node)); }
+template <class Record, void (*read)(Decoder &, Record &)> struct Reader<read> {
+    static void into_record(Decoder &in, void *record) { read(in, *static_cast<Record *>(record)); }
+    static void into_node(Decoder &in, void *node)
+    {
+        read(in, record_of<Record>(static_cast<kelmora_resource *>(node)));
+    }
 };
 
-template <void (*read)(Decoder &, kelmora_resource *)> struct NodeReader<read> {
-    static void call(Decoder &in, kelmora_resource *node) { read(in, node); }
+template <void (*read)(Decoder &, kelmora_resource *)> struct Reader<read> {
+    static void into_node(Decoder &in, void *node) { read(in, static_cast<kelmora_resource *>(node)); }
 };
 
 } // namespace detail
@@ -189,7 +193,13 @@ template <void (*read)(Decoder &, kelmora_resource *)> struct NodeReader<read> {
 /// in the record's place where the resource fetches its record later or has the host do something with the node.
 template <auto read> int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode(node, text, errors, &detail::NodeReader<read>::call);
+    return decode(node, text, errors, &detail::Reader<read>::into_node);
+}
+
+/// The same into a record that was fetched before the text is looked at.
+template <auto read, class Record> int decode_into(Record &record, const char *text, kelmora_errorlist *errors)
+{
+    return decode(&record, text, errors, &detail::Reader<read>::into_record);
 }
 
 } // namespace kelmora

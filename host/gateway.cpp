@@ -13,6 +13,7 @@ std::vector<Node> &Gateway::nodes(std::string_view resource)
 Gateway sample_gateway()
 {
     Gateway gateway;
+    add_device_accounts_samples(gateway);
     add_wireless_samples(gateway);
     return gateway;
 }

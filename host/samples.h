@@ -5,7 +5,8 @@
 
 namespace kelmora_host {
 
-// The parts of the sample gateway, one a group of resources.
+// The parts of the sample gateway.
+void add_device_accounts_samples(Gateway &gateway);
 void add_wireless_samples(Gateway &gateway);
 
 } // namespace kelmora_host

@@ -16,7 +16,7 @@
 /* clang-format off */
 #define KELMORA_RESOURCES(SERVED, PENDING) \
     SERVED(0, wireless, wireless, both) \
-    PENDING(1, session, device, both) \
+    SERVED(1, session, device, both) \
     PENDING(2, interface, wan_lan, both) \
     PENDING(3, natportredirect, firewall, both) \
     PENDING(4, wan, wan_lan, both) \
@@ -25,12 +25,12 @@
     PENDING(7, upgrade_by_file, device, from_only) \
     PENDING(8, factory_default, device, both) \
     PENDING(9, pppoe, wan_lan, both) \
-    PENDING(10, remote_web_access, device, both) \
+    SERVED(10, remote_web_access, device, both) \
     PENDING(11, dhcp_server, wan_lan, both) \
-    PENDING(12, telnet, device, from_only) \
+    SERVED(12, telnet, device, from_only) \
     PENDING(13, mp_info, device, both) \
     PENDING(14, action, device, both) \
-    PENDING(15, user, device, both) \
+    SERVED(15, user, device, both) \
     PENDING(16, device, device, both) \
     PENDING(17, status, device, to_only) \
     PENDING(18, interface_statistics, wan_lan, both) \
@@ -109,7 +109,7 @@
     PENDING(91, custom_default_config, device, both) \
     PENDING(92, ipv6_prefix_delegation, ipv6, both) \
     PENDING(93, wlan_access_control, wireless, both) \
-    PENDING(94, limited_user_permissions, device, to_only) \
+    SERVED(94, limited_user_permissions, device, to_only) \
     PENDING(95, tr369_mqtt_client, remote_mgmt, both) \
     PENDING(96, tr369_local_agent_mtp, remote_mgmt, both) \
     PENDING(97, tr369_local_agent_controller, remote_mgmt, both)

@@ -372,7 +372,7 @@ TEST(Decoder, TellsAnAbsentMemberFromAPresentOne)
                 IsEmpty());
 }
 
-// ---- records that are fetched late
+// ---- records that are fetched late, or early
 
 std::uint32_t *fetched = nullptr;
 
@@ -395,6 +395,20 @@ TEST(DecodeLate, HandsTheReaderTheNodeItself)
     EXPECT_EQ(decode<read_late>(node.resource(), R"({"n": 7})", &errors), 1);
     EXPECT_EQ(node.record().as<std::uint32_t>(), 7U);
     EXPECT_THAT(errors.errors, ElementsAre(Error{"n", "n field not found", "json"}));
+}
+
+void read_early(Decoder &in, std::uint32_t &record) { in.required_integer("n"_key, record); }
+
+TEST(DecodeInto, TakesARecordThatWasFetchedAlready)
+{
+    std::uint32_t record = 5;
+    kelmora_errorlist errors;
+    EXPECT_EQ(decode_into<read_early>(record, "", &errors), 1);
+    EXPECT_EQ(record, 5U);
+    EXPECT_EQ(decode_into<read_early>(record, R"({"n": 7})", &errors), 1);
+    EXPECT_EQ(record, 7U);
+    EXPECT_EQ(decode_into<read_early>(record, "{", &errors), 0);
+    EXPECT_THAT(errors.errors, ElementsAre(Error{"", "invalid json data", "json"}));
 }
 
 } // namespace

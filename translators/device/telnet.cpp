@@ -1,0 +1,22 @@
+#include "frame/translator.h"
+#include "records/device.h"
+
+using namespace kelmora;
+
+namespace {
+
+void read(Decoder &in, kelmora_telnet &telnet)
+{
+    in.required_text("password"_key, telnet.password); // first on purpose: stored even when the switch is missing
+    in.required_boolean("enable"_key, telnet.enable);
+}
+
+} // namespace
+
+// The settings are write-only.
+int telnet_to_translator(kelmora_resource * /*head*/, char ** /*out*/) { return 1; }
+
+int telnet_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}

@@ -1,0 +1,36 @@
+#include "frame/translator.h"
+#include "records/device.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_user &user, const NodeId &id)
+{
+    out.text("id", id);
+    out.text("username", user.username);
+    out.text("password", user.password);
+    out.boolean("is_privileged", user.is_privileged);
+}
+
+void read(Decoder &in, kelmora_resource *node)
+{
+    if (!in.required("username"_key))
+        return;
+    auto &user = record_of<kelmora_user>(node); // no sooner, on purpose: without a name the host is not asked
+    in.required_text("username"_key, user.username);
+    in.required_text("password"_key, user.password);
+    in.optional_boolean("is_privileged", user.is_privileged);
+}
+
+} // namespace
+
+int user_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking, Flags::compact);
+}
+
+int user_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
