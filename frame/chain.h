@@ -47,6 +47,28 @@ template <class Node> [[nodiscard]] Node *new_node(Decoder &in, const char *list
     return static_cast<Node *>(new_block(in, sizeof(Node), list));
 }
 
+/// Links new nodes into a chain inside a record: the first one behind the chain's first node (or as the first node of
+/// an empty chain), each further one behind the one before. What was linked behind the first node is let go, not freed:
+/// it is the host's.
+template <class Node> class ChainBuilder {
+public:
+    explicit ChainBuilder(Node *&first) : link_(first != nullptr ? &first->next : &first) {}
+
+    /// A new node, linked at once. list: as for new_node. NULL after a failure; the chain is then as it was.
+    [[nodiscard]] Node *add(Decoder &in, const char *list)
+    {
+        auto *node = new_node<Node>(in, list);
+        if (node != nullptr) {
+            *link_ = node;
+            link_ = &node->next;
+        }
+        return node;
+    }
+
+private:
+    Node **link_;
+};
+
 } // namespace kelmora
 
 #endif

@@ -22,7 +22,10 @@ void Decoder::fail(const char *field, const char *message, const char *source)
     if (!call_->ok)
         return;
     call_->ok = false;
-    call_->document.release();
+    if (call_->keep_on_failure)
+        call_->document.keep();
+    else
+        call_->document.release();
     kelmora_errorlist_add_error(call_->errors, field, message, source);
 }
 
@@ -158,6 +161,8 @@ int decode(void *into, const char *text, kelmora_errorlist *errors, Read read)
         in.fail("", "invalid json data");
     else
         read(in, into);
+    if (call.ok && call.keep_on_success)
+        call.document.keep();
     return call.ok ? 1 : 0;
 }
 

@@ -31,6 +31,8 @@ public:
         Document document;
         kelmora_errorlist *errors;
         bool ok = true;
+        bool keep_on_success = false;
+        bool keep_on_failure = false;
     };
 
     Decoder(Call &call, const json_t *value) : call_(&call), value_(value) {}
@@ -41,8 +43,10 @@ public:
     /// Fails with this error, unless there was a failure before. The texts are constants.
     void fail(const char *field, const char *message, const char *source = "json");
 
-    /// The document, for the few paths that must keep it unreleased.
-    [[nodiscard]] Document &document() { return call_->document; }
+    /// For the few paths that must leave the document unreleased (Document::keep): success, and failures from here on
+    /// until it is said otherwise.
+    void keep_document_on_success() { call_->keep_on_success = true; }
+    void keep_document_on_failure(bool keep) { call_->keep_on_failure = keep; }
 
     // ---- this value
 
@@ -60,6 +64,10 @@ public:
 
     /// The value as a number, 0 when it is no integer.
     [[nodiscard]] json_int_t integer() const { return ok() ? json_integer_value(value_) : 0; }
+
+    /// The value as a number, 0 when it is none: of a real alone, or of an integer too.
+    [[nodiscard]] double real() const { return ok() ? json_real_value(value_) : 0; }
+    [[nodiscard]] double number() const { return ok() ? json_number_value(value_) : 0; }
 
     // ---- members that must be there
 

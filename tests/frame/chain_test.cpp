@@ -3,11 +3,13 @@
 #include "tests/support/allocations.h"
 
 #include "host/errors.h"
+#include "host/record.h"
 
 #include <cstdlib>
 #include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <vector>
 
 namespace kelmora {
@@ -77,6 +79,63 @@ TEST_F(NewNode, IsNotMadeAfterAFailure)
     EXPECT_EQ(new_node<Link>(in_, "list"), nullptr);
     EXPECT_EQ(allocations::asked_for(), 0U);
     EXPECT_THAT(errors_.errors, ElementsAre(Error{"field", "message", "json"}));
+}
+
+class ChainBuilderTest : public NewNode {
+protected:
+    ~ChainBuilderTest() override { kelmora_host::Free().chain(first_); }
+
+    /// Adds nodes of these numbers.
+    void build(std::initializer_list<int> numbers)
+    {
+        ChainBuilder<Link> builder(first_);
+        for (const int number : numbers) {
+            auto *node = builder.add(in_, "list");
+            if (node != nullptr)
+                node->number = number;
+        }
+    }
+
+    [[nodiscard]] std::vector<int> numbers() const
+    {
+        std::vector<int> numbers;
+        for (const Link &link : chain(first_))
+            numbers.push_back(link.number);
+        return numbers;
+    }
+
+    Link *first_ = nullptr;
+};
+
+TEST_F(ChainBuilderTest, BuildsAChainInOrder)
+{
+    build({1, 2, 3});
+    EXPECT_THAT(numbers(), ElementsAre(1, 2, 3));
+}
+
+TEST_F(ChainBuilderTest, LinksBehindTheFirstNodeAndLetsTheRestGo)
+{
+    build({1, 2, 3});
+    Link *rest = first_->next;
+    build({4, 5});
+    EXPECT_THAT(numbers(), ElementsAre(1, 4, 5));
+    kelmora_host::Free().chain(rest);
+}
+
+TEST_F(ChainBuilderTest, LeavesAChainAloneThatNothingIsAddedTo)
+{
+    build({1, 2});
+    build({});
+    EXPECT_THAT(numbers(), ElementsAre(1, 2));
+}
+
+TEST_F(ChainBuilderTest, KeepsTheChainWellFormedWhenMemoryRunsOut)
+{
+    allocations::fail(2, Failing::from_then_on);
+    build({1, 2, 3});
+    allocations::pass();
+    EXPECT_THAT(numbers(), ElementsAre(1));
+    EXPECT_THAT(errors_.errors, ElementsAre(Error{"list", "out of memory", "json"}));
 }
 
 } // namespace

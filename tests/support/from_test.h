@@ -103,6 +103,9 @@ protected:
     /// A document that the translator accepts and that has every key it reads.
     const std::string document_;
 
+    /// Whether the contract lets the next calls leave their document unreleased.
+    bool keeps_document_ = false;
+
     /// How often the last call fetched the record.
     std::size_t fetches_ = 0;
 
