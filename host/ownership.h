@@ -29,6 +29,34 @@ template <> struct Owned<kelmora_limits> {
     }
 };
 
+template <> struct Owned<kelmora_bridging> {
+    template <class Visitor> static void visit(kelmora_bridging &bridging, Visitor &visitor)
+    {
+        visitor.chain(bridging.mac_list);
+    }
+};
+
+template <> struct Owned<kelmora_connected_device> {
+    template <class Visitor> static void visit(kelmora_connected_device &device, Visitor &visitor)
+    {
+        visitor.chain(device.ip6_list);
+    }
+};
+
+template <> struct Owned<kelmora_dhcp_server> {
+    template <class Visitor> static void visit(kelmora_dhcp_server &server, Visitor &visitor)
+    {
+        visitor.chain(server.leases);
+    }
+};
+
+template <> struct Owned<kelmora_interface> {
+    template <class Visitor> static void visit(kelmora_interface &interface, Visitor &visitor)
+    {
+        visitor.chain(interface.ip6_list);
+    }
+};
+
 } // namespace kelmora_host
 
 #endif

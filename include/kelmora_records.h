@@ -10,6 +10,7 @@
 #define KELMORA_RECORDS_H
 
 #include "records/device.h"
+#include "records/wan_lan.h"
 #include "records/wireless.h"
 
 #endif

@@ -40,6 +40,7 @@ $includedir/kelmora_json/kelmora_json.h
 $includedir/kelmora_json/kelmora_records.h
 $includedir/kelmora_json/kelmora_resources.h
 $includedir/kelmora_json/records/device.h
+$includedir/kelmora_json/records/wan_lan.h
 $includedir/kelmora_json/records/wireless.h
 $libdir/pkgconfig/kelmora_json.pc
 $libdir/cmake/kelmora_json/kelmora_json-config.cmake

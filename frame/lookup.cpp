@@ -1,0 +1,43 @@
+#include "kelmora_json.h"
+
+#include <cstddef>
+#include <jansson.h>
+
+namespace {
+
+/// The error's name of a member: "prefix.key", cut to what the buffer holds, or the key itself without a prefix.
+class MemberName {
+public:
+    MemberName(const char *prefix, const char *key)
+    {
+        if (prefix != nullptr && *prefix != '\0') {
+            append(prefix);
+            append(".");
+        }
+        append(key);
+    }
+
+    [[nodiscard]] const char *text() const { return text_; }
+
+private:
+    void append(const char *part)
+    {
+        for (; *part != '\0' && length_ < sizeof text_ - 1; ++part)
+            text_[length_++] = *part;
+    }
+
+    char text_[56]{}; // enough for every prefix and key of the resources
+    std::size_t length_ = 0;
+};
+
+} // namespace
+
+json_t *get_json_obj(json_t *object, const char *key, const char *prefix, kelmora_errorlist *errors)
+{
+    json_t *member = json_object_get(object, key);
+    if (member == nullptr) {
+        kelmora_errorlist_add_error(errors, MemberName(prefix, key).text(), "field not found", "json");
+        json_decref(object);
+    }
+    return member;
+}
