@@ -14,6 +14,7 @@ Gateway sample_gateway()
 {
     Gateway gateway;
     add_device_accounts_samples(gateway);
+    add_device_identity_samples(gateway);
     add_wireless_samples(gateway);
     return gateway;
 }

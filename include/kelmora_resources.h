@@ -28,21 +28,21 @@
     SERVED(10, remote_web_access, device, both) \
     PENDING(11, dhcp_server, wan_lan, both) \
     SERVED(12, telnet, device, from_only) \
-    PENDING(13, mp_info, device, both) \
+    SERVED(13, mp_info, device, both) \
     PENDING(14, action, device, both) \
     SERVED(15, user, device, both) \
-    PENDING(16, device, device, both) \
-    PENDING(17, status, device, to_only) \
+    SERVED(16, device, device, both) \
+    SERVED(17, status, device, to_only) \
     PENDING(18, interface_statistics, wan_lan, both) \
     PENDING(19, connected_device, wan_lan, both) \
     SERVED(20, site_survey, wireless, to_only) \
-    PENDING(21, system, device, both) \
+    SERVED(21, system, device, both) \
     PENDING(22, easymesh, wireless, both) \
     PENDING(23, ping, diagnostics, both) \
     PENDING(24, qos, qos, both) \
     PENDING(25, qos_rule, qos, both) \
     PENDING(26, filter, firewall, both) \
-    PENDING(27, limits, device, both) \
+    SERVED(27, limits, device, both) \
     PENDING(28, dhcp_static_lease, wan_lan, both) \
     PENDING(29, daily_reboot, device, both) \
     PENDING(30, datetime, device, both) \

@@ -1,0 +1,28 @@
+#include "frame/translator.h"
+#include "records/device.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_status &status)
+{
+    out.boolean("has_internet", status.has_internet);
+    out.boolean("wan_cable", status.wan_cable);
+    out.boolean("tavoline_connected", status.tavoline_connected);
+    out.boolean("firmware_update", status.firmware_update);
+    out.integer("wps_status", status.wps_status);
+}
+
+} // namespace
+
+int status_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::counting, Flags::compact);
+}
+
+// The summary is read-only.
+int status_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
+{
+    return 1;
+}
