@@ -78,7 +78,33 @@ std::string message(const DocumentError &error)
 {
     if (error.place)
         return error.place->what.empty() ? error.error.message : error.error.message + ": " + error.place->what;
+    if (error.error.source == program_name)
+        return error.error.message; // of the host's own, so of no field
     return error.error.message + " (field \"" + error.error.field + "\", source \"" + error.error.source + "\")";
+}
+
+/// "00 7f ..." of the bytes.
+std::string hexadecimal(const std::string &bytes)
+{
+    std::ostringstream text;
+    text << std::hex << std::setfill('0');
+    for (const char byte : bytes)
+        text << (text.tellp() > 0 ? " " : "") << std::setw(2) << +static_cast<unsigned char>(byte);
+    return text.str();
+}
+
+/// The error of a text that does not get as far as the plug-in.
+Outcome refused(const std::string &message, const std::optional<Fault> &place)
+{
+    return {false, "", {{{"", message, std::string(program_name)}, place}}};
+}
+
+/// The record as JSON, where it is; NULL where it should be and is not.
+json_t *record_of(const Outcome &outcome)
+{
+    if (outcome.record.empty())
+        return json_null();
+    return outcome.raw ? json_text(outcome.record) : json_loads(outcome.record.c_str(), 0, nullptr);
 }
 
 Json to_json(const DocumentError &error)
@@ -171,9 +197,10 @@ std::string list_as_json(std::string_view group)
 
 std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_list)
 {
-    const ReadAnswer answer = read(translators_of(resource).to, nodes, as_list);
+    const bool raw = is_raw(resource) && resource.directions != Directions::from_only;
+    const ReadAnswer answer = read(translators_of(resource).to, nodes, as_list, raw ? raw_size : 0);
     if (answer.result == 1)
-        return answer.text;
+        return raw ? hexadecimal(answer.text) : answer.text;
     throw Failure(Status::rejected,
                   std::string(resource.name) + (resource.served ? ": the plug-in could not write it, out of memory"
                                                                 : ": not supported by this plug-in yet"));
@@ -188,13 +215,18 @@ std::string show_warning(const Resource &resource)
 
 Outcome set(const Resource &resource, Node &node, const std::string &text)
 {
-    if (const std::optional<Fault> nul = find_nul(text))
-        return {false, "", {{{"", nul->what, std::string(program_name)}, Fault{nul->line, nul->column, ""}}}};
+    const bool raw = is_raw(resource);
+    if (raw && text.size() != raw_size)
+        return refused(std::string(resource.name) + " takes exactly " + std::to_string(raw_size) +
+                           " raw bytes, no JSON; there are " + std::to_string(text.size()),
+                       std::nullopt);
+    if (const std::optional<Fault> nul = find_nul(text); nul && !raw)
+        return refused(nul->what, Fault{nul->line, nul->column, ""});
 
     const WriteAnswer answer = write(translators_of(resource).from, node, text);
     if (answer.result == 1) {
         std::vector<Node> nodes{node};
-        return {true, show(resource, nodes, false), {}};
+        return {true, show(resource, nodes, false), {}, raw};
     }
     Outcome outcome{false, "", {}};
     for (const Error &error : answer.errors) {
@@ -203,7 +235,7 @@ Outcome set(const Resource &resource, Node &node, const std::string &text)
         outcome.errors.push_back({error, unparsed ? find_parse_fault(text) : std::nullopt});
     }
     if (outcome.errors.empty())
-        outcome.errors.push_back({{"", "rejected without an error", std::string(program_name)}, std::nullopt});
+        return refused("rejected without an error", std::nullopt);
     return outcome;
 }
 
@@ -234,7 +266,7 @@ std::string outcome_as_json(const Outcome &outcome)
     const Json object(json_object());
     json_object_set_new(object.get(), "accepted", json_boolean(outcome.accepted));
     if (outcome.accepted) {
-        json_t *record = outcome.record.empty() ? json_null() : json_loads(outcome.record.c_str(), 0, nullptr);
+        json_t *record = record_of(outcome);
         if (record == nullptr)
             throw Failure(Status::rejected, "what the plug-in wrote is no JSON: " + outcome.record);
         json_object_set_new(object.get(), "record", record);

@@ -32,8 +32,8 @@ std::string list_as_table(std::string_view group, std::string_view plugin_versio
 /// The same as a JSON array of objects.
 std::string list_as_json(std::string_view group);
 
-/// The records as the plug-in writes them. as_list: as an array of any number of them, even none. Throws Failure
-/// (rejected) when the plug-in reports that it did not succeed.
+/// The records as the plug-in writes them; of a raw resource, the first one's bytes in hexadecimal. as_list: as an
+/// array of any number of them, even none. Throws Failure (rejected) when the plug-in reports that it did not succeed.
 std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_list);
 
 /// The line that says why there is nothing to show, where the resource cannot be read; else empty.
@@ -52,10 +52,11 @@ struct Outcome {
     bool accepted;
     std::string record;                ///< the record read back; empty when it cannot be read or was not accepted
     std::vector<DocumentError> errors; ///< why it was not accepted
+    bool raw = false;                  ///< the record is a raw resource's, and no JSON
 };
 
-/// Has the plug-in store a document into the node's record. A text with a NUL byte is rejected without asking it.
-/// Throws Failure (rejected) when the record cannot be read back.
+/// Has the plug-in store a document into the node's record. A text with a NUL byte is rejected without asking it, and
+/// for a raw resource one of another size than raw_size. Throws Failure (rejected) when the record cannot be read back.
 Outcome set(const Resource &resource, Node &node, const std::string &text);
 
 /// The line that says what an accepted document did not do, where the resource goes one way only; else empty.
@@ -64,7 +65,8 @@ std::string set_warning(const Resource &resource);
 /// The errors as lines for people, each with its end. input_name: what the document is called.
 std::string errors_as_lines(const Outcome &outcome, std::string_view input_name);
 
-/// The outcome as a JSON object. Throws Failure (rejected) when the record is no JSON.
+/// The outcome as a JSON object, in which a raw resource's record is a string. Throws Failure (rejected) when the
+/// record of another one is no JSON.
 std::string outcome_as_json(const Outcome &outcome);
 
 } // namespace kelmora_host

@@ -15,6 +15,7 @@ Gateway sample_gateway()
     Gateway gateway;
     add_device_accounts_samples(gateway);
     add_device_identity_samples(gateway);
+    add_device_maintenance_samples(gateway);
     add_wireless_samples(gateway);
     return gateway;
 }

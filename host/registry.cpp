@@ -20,6 +20,11 @@ const Resource *find_resource(std::string_view name)
     return found != resources().end() ? found : nullptr;
 }
 
+bool is_raw(const Resource &resource)
+{
+    return resource.name == "backup_restore" || resource.name == "upgrade_by_file";
+}
+
 Registry &Registry::instance()
 {
     static Registry registry;

@@ -5,6 +5,7 @@
 #include "kelmora_resources.h"
 
 #include <array>
+#include <cstddef>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,10 @@ struct Resource {
 
 /// The resource of this name, or NULL.
 [[nodiscard]] const Resource *find_resource(std::string_view name);
+
+/// Whether the resource's payload is no JSON but a block of bytes, which may be zero: raw_size of them.
+[[nodiscard]] bool is_raw(const Resource &resource);
+inline constexpr std::size_t raw_size = 8;
 
 /// A pair of translators under its number.
 struct Registration {

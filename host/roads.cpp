@@ -15,11 +15,11 @@ namespace kelmora_host {
 
 namespace {
 
-ReadAnswer ask(kelmora_to_translator to, kelmora_resource *head)
+ReadAnswer ask(kelmora_to_translator to, kelmora_resource *head, std::size_t raw_bytes)
 {
     OutputBuffer buffer;
     const int result = to(head, buffer.pointer());
-    return {result, buffer.bytes()};
+    return {result, raw_bytes != 0 ? std::string(buffer.bytes(), raw_bytes) : std::string(buffer.bytes())};
 }
 
 } // namespace
@@ -33,13 +33,13 @@ OutputBuffer::OutputBuffer() : bytes_(static_cast<char *>(std::malloc(initial_si
 
 OutputBuffer::~OutputBuffer() { std::free(bytes_); }
 
-ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list)
+ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list, std::size_t raw_bytes)
 {
     if (!nodes.empty())
-        return ask(to, link_request(nodes, as_list));
+        return ask(to, link_request(nodes, as_list), raw_bytes);
     Node nothing = empty_node();
     nothing.resource()->is_list = as_list ? 1 : 0;
-    return ask(to, nothing.resource());
+    return ask(to, nothing.resource(), raw_bytes);
 }
 
 WriteAnswer write(kelmora_from_translator from, Node &node, const std::string &text)

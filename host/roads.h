@@ -30,12 +30,13 @@ private:
 /// What came back on the read road.
 struct ReadAnswer {
     int result;       ///< the translator's: 1 for success
-    std::string text; ///< the JSON text; empty when the translator wrote nothing
+    std::string text; ///< the JSON text, empty when the translator wrote nothing; or the bytes of a raw resource
 };
 
 /// The read road: records to JSON. as_list: a JSON array of all nodes, else one object. No nodes: the request's head is
-/// then an empty record, with a count of 0.
-ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list);
+/// then an empty record, with a count of 0. raw_bytes: how many bytes the translator of a raw resource writes; 0 where
+/// it writes a text.
+ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list, std::size_t raw_bytes = 0);
 
 /// What came back on the write road.
 struct WriteAnswer {
@@ -44,7 +45,7 @@ struct WriteAnswer {
 };
 
 /// The write road: JSON to one record. After a rejection the record holds what was stored before it; who wants all or
-/// nothing writes into a copy.
+/// nothing writes into a copy. The text of a raw resource may have NUL bytes.
 WriteAnswer write(kelmora_from_translator from, Node &node, const std::string &text);
 
 } // namespace kelmora_host

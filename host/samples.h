@@ -8,6 +8,7 @@ namespace kelmora_host {
 // The parts of the sample gateway.
 void add_device_accounts_samples(Gateway &gateway);
 void add_device_identity_samples(Gateway &gateway);
+void add_device_maintenance_samples(Gateway &gateway);
 void add_wireless_samples(Gateway &gateway);
 
 } // namespace kelmora_host

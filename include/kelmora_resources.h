@@ -22,14 +22,14 @@
     PENDING(4, wan, wan_lan, both) \
     SERVED(5, radio, wireless, both) \
     PENDING(6, lan, wan_lan, both) \
-    PENDING(7, upgrade_by_file, device, from_only) \
-    PENDING(8, factory_default, device, both) \
+    SERVED(7, upgrade_by_file, device, from_only) \
+    SERVED(8, factory_default, device, both) \
     PENDING(9, pppoe, wan_lan, both) \
     SERVED(10, remote_web_access, device, both) \
     PENDING(11, dhcp_server, wan_lan, both) \
     SERVED(12, telnet, device, from_only) \
     SERVED(13, mp_info, device, both) \
-    PENDING(14, action, device, both) \
+    SERVED(14, action, device, both) \
     SERVED(15, user, device, both) \
     SERVED(16, device, device, both) \
     SERVED(17, status, device, to_only) \
@@ -44,8 +44,8 @@
     PENDING(26, filter, firewall, both) \
     SERVED(27, limits, device, both) \
     PENDING(28, dhcp_static_lease, wan_lan, both) \
-    PENDING(29, daily_reboot, device, both) \
-    PENDING(30, datetime, device, both) \
+    SERVED(29, daily_reboot, device, both) \
+    SERVED(30, datetime, device, both) \
     PENDING(31, traceroute, diagnostics, both) \
     PENDING(32, wan_detect, wan_lan, both) \
     PENDING(33, iptables, firewall, both) \
@@ -54,7 +54,7 @@
     PENDING(36, pon_settings, pon, both) \
     PENDING(37, pon_nodes, pon, to_only) \
     PENDING(38, pon_counters, pon, to_only) \
-    PENDING(39, syslog, device, both) \
+    SERVED(39, syslog, device, both) \
     PENDING(40, gpon_status, pon, to_only) \
     PENDING(41, gem_port_stats, pon, to_only) \
     PENDING(42, pon_status, pon, to_only) \
@@ -79,7 +79,7 @@
     PENDING(61, firewall_port_forwarding_enable, firewall, both) \
     PENDING(62, igmp_proxy, routing, both) \
     PENDING(63, firewall_port_forwarding_table, firewall, both) \
-    PENDING(64, backup_restore, device, both) \
+    SERVED(64, backup_restore, device, both) \
     PENDING(65, neighbour_hosts, ipv6, both) \
     PENDING(66, ipv6_acl_capability, firewall, both) \
     PENDING(67, ipv6_acl_config, firewall, both) \
@@ -93,7 +93,7 @@
     PENDING(75, ddns, firewall, both) \
     PENDING(76, qos_traffic_control, qos, both) \
     PENDING(77, bridging, wan_lan, both) \
-    PENDING(78, change_to_firmware_version, device, both) \
+    SERVED(78, change_to_firmware_version, device, both) \
     PENDING(79, igmp_mld_snooping, routing, both) \
     PENDING(80, ipv6_static_route_list, ipv6, to_only) \
     PENDING(81, rip_enable, routing, both) \
@@ -104,9 +104,9 @@
     PENDING(86, ipv6_dhcp_relay, ipv6, both) \
     PENDING(87, ipv6_dhcp_client, ipv6, to_only) \
     PENDING(88, dhcp_client, wan_lan, to_only) \
-    PENDING(89, automatic_maintenance, device, both) \
+    SERVED(89, automatic_maintenance, device, both) \
     PENDING(90, parental_control, firewall, both) \
-    PENDING(91, custom_default_config, device, both) \
+    SERVED(91, custom_default_config, device, both) \
     PENDING(92, ipv6_prefix_delegation, ipv6, both) \
     PENDING(93, wlan_access_control, wireless, both) \
     SERVED(94, limited_user_permissions, device, to_only) \

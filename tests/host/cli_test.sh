@@ -204,6 +204,37 @@ status_is 1
 out_is '{"accepted": false, "errors": [{"field": "", "message": "NUL byte in the text", "source": "kelmora-host", "line": 1, "column": 3}]}'
 err_is ""
 
+# ---- resources whose payload is 8 raw bytes
+
+try show backup_restore
+succeeds "00 00 00 02 68 4b 11 f0"
+
+try show upgrade_by_file
+status_is 0
+out_is ""
+err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to read'
+
+printf '\0{\n\377"}\0\1' >"$work/block"
+try set backup_restore "$work/block"
+succeeds "00 7b 0a ff 22 7d 00 01"
+
+try set backup_restore --json <"$work/block"
+succeeds '{"accepted": true, "record": "00 7b 0a ff 22 7d 00 01"}'
+
+try set upgrade_by_file "$work/block"
+status_is 0
+out_is ""
+err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to read back'
+
+printf '{"a":1}\n\0' >"$work/block"
+try set backup_restore "$work/block"
+fails_with 1 "$work/block: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9"
+
+try set upgrade_by_file --json /dev/null
+status_is 1
+out_is '{"accepted": false, "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}]}'
+err_is ""
+
 # ---- resources that are not served yet, while there are any
 
 pending=$(host list | awk '$3 == "both" && /not supported yet$/ { print $2; exit }')

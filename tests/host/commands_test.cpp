@@ -2,6 +2,7 @@
 
 #include "host/diagnostics.h"
 #include "kelmora_json.h"
+#include "kelmora_records.h"
 
 #include <algorithm>
 #include <cstring>
@@ -327,6 +328,53 @@ TEST_F(Commands, RejectATextWithANulByteWithoutAskingThePlugIn)
     EXPECT_EQ(front.record().as<Door>().locked, 0);
 }
 
+TEST_F(Commands, ShowTheBytesOfARawResourceInHexadecimal)
+{
+    std::vector<Node> nodes{{"0", Record(kelmora_backup_restore{{0x00, 0x01, 0x7F, 0x80, 0xFF, 0x0A, 0x00, 0x20}})}};
+    for (const bool as_list : {true, false})
+        EXPECT_EQ(show(resource_named("backup_restore"), nodes, as_list), "00 01 7f 80 ff 0a 00 20");
+}
+
+TEST_F(Commands, ShowNothingOfARawResourceThatCannotBeRead)
+{
+    std::vector<Node> nodes{{"0", Record(kelmora_upgrade_by_file{{1, 2, 3, 4, 5, 6, 7, 8}})}};
+    EXPECT_EQ(show(resource_named("upgrade_by_file"), nodes, true), "");
+}
+
+TEST_F(Commands, SetARawResourceFromBytesThatMayBeZero)
+{
+    Node node("0", Record(kelmora_backup_restore{}));
+    const Outcome outcome = set(resource_named("backup_restore"), node, "\0{\"\xFF\0\n}\0"s);
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(outcome.record, "00 7b 22 ff 00 0a 7d 00");
+    EXPECT_EQ(outcome_as_json(outcome), R"({"accepted": true, "record": "00 7b 22 ff 00 0a 7d 00"})");
+}
+
+TEST_F(Commands, SetARawResourceThatCannotBeReadBack)
+{
+    Node node("0", Record(kelmora_upgrade_by_file{}));
+    const Outcome outcome = set(resource_named("upgrade_by_file"), node, "\0\1\2\3\4\5\6\7"s);
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_THAT(node.record().as<kelmora_upgrade_by_file>().file, ElementsAre(0, 1, 2, 3, 4, 5, 6, 7));
+    EXPECT_EQ(outcome_as_json(outcome), R"({"accepted": true, "record": null})");
+}
+
+TEST_F(Commands, RejectAnotherNumberOfBytesThanARawResourceHasWithoutAskingThePlugIn)
+{
+    Node node("0", Record(kelmora_backup_restore{{1, 2, 3, 4, 5, 6, 7, 8}}));
+    for (const std::string &text : {""s, "seven b"s, "nine byte"s, "{\"backup\": 1}"s}) {
+        const Outcome outcome = set(resource_named("backup_restore"), node, text);
+        EXPECT_FALSE(outcome.accepted);
+        EXPECT_THAT(node.record().as<kelmora_backup_restore>().backup, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+    }
+    const Outcome outcome = set(resource_named("backup_restore"), node, "nine byte");
+    EXPECT_EQ(errors_as_lines(outcome, "file"),
+              "file: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9\n");
+    EXPECT_EQ(outcome_as_json(outcome),
+              R"({"accepted": false, "errors": [{"field": "", "message": "backup_restore takes exactly 8 raw bytes, )"
+              R"(no JSON; there are 9", "source": "kelmora-host"}]})");
+}
+
 TEST_F(Commands, ReportARejectionThatComesWithoutAnError)
 {
     const Outcome outcome = set(future, front, "");
@@ -360,11 +408,13 @@ TEST_F(Commands, WriteErrorsAsLinesThatBeginWithTheFileAndThePlace)
                           "",
                           {{{"power", "power field not found", "json"}, std::nullopt},
                            {{"", "invalid json data", "json"}, Fault{3, 14, "'}' expected"}},
-                           {{"", "NUL byte in the text", "kelmora-host"}, Fault{4, 1, ""}}}};
+                           {{"", "NUL byte in the text", "kelmora-host"}, Fault{4, 1, ""}},
+                           {{"", "rejected without an error", "kelmora-host"}, std::nullopt}}};
     EXPECT_EQ(errors_as_lines(outcome, "doc.json"),
               "doc.json: error: power field not found (field \"power\", source \"json\")\n"
               "doc.json:3:14: error: invalid json data: '}' expected\n"
-              "doc.json:4:1: error: NUL byte in the text\n");
+              "doc.json:4:1: error: NUL byte in the text\n"
+              "doc.json: error: rejected without an error\n");
 }
 
 TEST_F(Commands, WriteErrorsAsJson)

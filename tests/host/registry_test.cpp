@@ -124,6 +124,16 @@ TEST(Resources, AreNotFoundByAnyOtherName)
     EXPECT_EQ(find_resource(""), nullptr);
 }
 
+TEST(Resources, AreRawInTwoCases)
+{
+    std::set<std::string_view> raw;
+    for (const Resource &resource : resources()) {
+        if (is_raw(resource))
+            raw.insert(resource.name);
+    }
+    EXPECT_EQ(raw, (std::set<std::string_view>{"backup_restore", "upgrade_by_file"}));
+}
+
 } // namespace
 
 } // namespace kelmora_host

@@ -96,6 +96,20 @@ TEST(Read, PassesAFailureOnWithTheTextThatCameWithIt)
     EXPECT_EQ(answer.text, "[]");
 }
 
+int write_raw(kelmora_resource * /*head*/, char **out)
+{
+    std::memcpy(*out, "\0\1\0\2rest", 8);
+    return 1;
+}
+
+TEST(Read, TakesAsManyBytesAsARawResourceHas)
+{
+    std::vector<Node> nodes = two_ports();
+    EXPECT_EQ(read(write_raw, nodes, true, 8).text, std::string("\0\1\0\2rest", 8));
+    nodes.clear();
+    EXPECT_EQ(read(write_raw, nodes, true, 4).text, std::string("\0\1\0\2", 4));
+}
+
 TEST(OutputBuffer, StartsEmptyWithTheSizeThatThePlugInCountsOn)
 {
     OutputBuffer buffer;
@@ -134,6 +148,19 @@ TEST(Write, CollectsTheErrorsInTheirOrder)
     const WriteAnswer answer = write(object_twice, node, "{}");
     EXPECT_EQ(answer.result, 0);
     EXPECT_THAT(answer.errors, ElementsAre(Error{"power", "too high", "json"}, Error{"", "not today", "calendar"}));
+}
+
+int store_third_byte(kelmora_resource *node, const char *text, kelmora_errorlist * /*errors*/)
+{
+    static_cast<Port *>(kelmora_resource_get_data(node))->number = text[2];
+    return 1;
+}
+
+TEST(Write, HandsOverWhatStandsBehindANulByte)
+{
+    Node node("lan1", Record(Port{1}));
+    EXPECT_EQ(write(store_third_byte, node, std::string("\0\0\7\0", 4)).result, 1);
+    EXPECT_EQ(node.record().as<Port>().number, 7);
 }
 
 TEST(ErrorList, TellsWhoWantsToKnowRightAfterEachError)

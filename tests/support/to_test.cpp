@@ -64,10 +64,11 @@ std::string ToTestBase::text(bool as_list, std::optional<std::uint32_t> count)
     return answer.text;
 }
 
-void ToTestBase::expect_survives_failing_memory(const std::string &empty_object)
+void ToTestBase::expect_survives_failing_memory()
 {
     for (const bool as_list : {true, false}) {
         const std::string right = text(as_list);
+        const char *empty = right.front() == '[' ? "[]" : "{}"; // not every root is what was asked for
         for (const Failing failing : {Failing::once, Failing::from_then_on}) {
             for (std::size_t n = 1;; ++n) {
                 const Answer answer = call(as_list, std::nullopt, [&] { allocations::fail(n, failing); });
@@ -79,7 +80,7 @@ void ToTestBase::expect_survives_failing_memory(const std::string &empty_object)
                     EXPECT_EQ(answer.text, right) << "with allocation " << n << " failing";
                 }
                 if (answer.result == 0) {
-                    EXPECT_EQ(answer.text, as_list ? "[]" : empty_object) << "with allocation " << n << " failing";
+                    EXPECT_EQ(answer.text, empty) << "with allocation " << n << " failing";
                 }
                 if (!reached) {
                     EXPECT_EQ(answer.result, 1);

@@ -32,8 +32,8 @@ protected:
     std::string object_counting(std::uint32_t count) { return text(false, count); }
 
     /// With each allocation failing in turn, that one alone or all from there on: the right text and 1, or the empty
-    /// document and 0. empty_object: the empty document of a request for a single record.
-    void expect_survives_failing_memory(const std::string &empty_object = "{}");
+    /// document of the same root and 0.
+    void expect_survives_failing_memory();
 
     std::vector<kelmora_host::Node> nodes_;
 

@@ -1,0 +1,34 @@
+#include "frame/translator.h"
+#include "records/device.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_daily_reboot &reboot)
+{
+    out.integer("hour", reboot.hour);
+    out.integer("minute", reboot.minute);
+    out.boolean("enable", reboot.enable);
+    out.boolean("delay", reboot.delay);
+}
+
+void read(Decoder &in, kelmora_daily_reboot &reboot)
+{
+    in.required_integer("hour"_key, reboot.hour);
+    in.required_integer("minute"_key, reboot.minute);
+    in.required_boolean("enable"_key, reboot.enable);
+    in.required_boolean("delay"_key, reboot.delay);
+}
+
+} // namespace
+
+int daily_reboot_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+}
+
+int daily_reboot_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
