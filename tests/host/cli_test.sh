@@ -235,6 +235,17 @@ status_is 1
 out_is '{"accepted": false, "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}]}'
 err_is ""
 
+# ---- every served resource: its sample can be shown, and its example written
+
+for resource in $(host list | awk '$NF == "served" { print $2 }'); do
+    try show "$resource"
+    status_is 0
+    [ ! -f "$examples/$resource.json" ] || {
+        try set "$resource" "$examples/$resource.json"
+        status_is 0
+    }
+done
+
 # ---- resources that are not served yet, while there are any
 
 pending=$(host list | awk '$3 == "both" && /not supported yet$/ { print $2; exit }')
