@@ -151,7 +151,10 @@ void Decoder::checked_text(const char *name, char *field, std::size_t width)
 
 Elements Decoder::checked_array(const char *name) { return {*call_, find_checked(name, KELMORA_JSON_ARRAY)}; }
 
-int decode(void *into, const char *text, kelmora_errorlist *errors, Read read)
+namespace {
+
+/// Parses the text and calls read(in) with the document. Returns the translator's result.
+template <class ReadDocument> int parse(const char *text, kelmora_errorlist *errors, ReadDocument read)
 {
     if (*text == '\0')
         return 1;
@@ -160,10 +163,25 @@ int decode(void *into, const char *text, kelmora_errorlist *errors, Read read)
     if (!in)
         in.fail("", "invalid json data");
     else
-        read(in, into);
+        read(in);
     if (call.ok && call.keep_on_success)
         call.document.keep();
     return call.ok ? 1 : 0;
+}
+
+} // namespace
+
+int decode(void *into, const char *text, kelmora_errorlist *errors, Read read)
+{
+    return parse(text, errors, [=](Decoder &in) { read(in, into); });
+}
+
+int decode_after(Key key, void *into, const char *text, kelmora_errorlist *errors, Read read)
+{
+    return parse(text, errors, [=](Decoder &in) {
+        if (in.required(key))
+            read(in, into);
+    });
 }
 
 } // namespace kelmora

@@ -179,6 +179,9 @@ using Read = void (*)(Decoder &in, void *into);
 /// A from-translator. An empty text succeeds at once. Returns 1, or 0 after one error.
 int decode(void *into, const char *text, kelmora_errorlist *errors, Read read);
 
+/// The same, which does not read at all before the document has this key.
+int decode_after(Key key, void *into, const char *text, kelmora_errorlist *errors, Read read);
+
 namespace detail {
 
 template <auto read> struct Reader;
@@ -198,10 +201,16 @@ template <void (*read)(Decoder &, kelmora_resource *)> struct Reader<read> {
 } // namespace detail
 
 /// A from-translator of the function that reads one record: void read(Decoder &, Record &), or with kelmora_resource *
-/// in the record's place where the resource fetches its record later or has the host do something with the node.
+/// in the record's place where the resource has the host do something with the node.
 template <auto read> int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
     return decode(node, text, errors, &detail::Reader<read>::into_node);
+}
+
+/// The same for a record that is not fetched before the document turned out to have this key.
+template <auto read> int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode_after(key, node, text, errors, &detail::Reader<read>::into_node);
 }
 
 /// The same into a record that was fetched before the text is looked at.

@@ -33,7 +33,8 @@ template <std::size_t Size> struct FixedText {
 /// A required key: its name, and the error field and the message that report its absence, all of them constants.
 ///
 /// The three lie behind each other as "name\0field\0message\0" (an empty field stands for the name), so that a key
-/// takes one register to hand over and no relocation to load.
+/// takes one register to hand over and no relocation to load. A key that is used more than once is a function that
+/// returns it, not a variable, which would be data to relocate.
 class Key {
 public:
     constexpr explicit Key(const char *packed) : packed_(packed) {}
@@ -59,6 +60,12 @@ inline constexpr auto packed_key = name + FixedText("\0") + field + FixedText("\
 template <FixedText name> constexpr Key operator""_key()
 {
     return Key(detail::packed_key<name, "", name + FixedText(" field not found")>.characters);
+}
+
+/// "enabled"_bare_key: reported under its own name, with the message "field not found".
+template <FixedText name> constexpr Key operator""_bare_key()
+{
+    return Key(detail::packed_key<name, "", "field not found">.characters);
 }
 
 /// key<"acs_url", "acs.acs_url">(): reported under another field name, with the message "acs_url field not found".

@@ -388,40 +388,64 @@ TEST(Decoder, TellsAnAbsentMemberFromAPresentOne)
 
 // ---- records that are fetched late, or early
 
-std::uint32_t *fetched = nullptr;
+void read_number(Decoder &in, std::uint32_t &number) { in.required_integer("n"_key, number); }
 
-void read_late(Decoder &in, kelmora_resource *node)
+class DecodeAfter : public FromTest<std::uint32_t> {
+protected:
+    DecodeAfter()
+        : FromTest(
+              [](kelmora_resource *node, const char *text, kelmora_errorlist *errors) {
+                  return decode_after<read_number>(key<"first", "the field">(), node, text, errors);
+              },
+              R"({"first": null, "n": 7})")
+    {
+    }
+};
+
+TEST_F(DecodeAfter, FetchesTheRecordOnceTheKeyWasFound)
 {
-    const Decoder value = in.required("n"_key);
-    if (!in.ok())
-        return;
-    fetched = &record_of<std::uint32_t>(node);
-    *fetched = static_cast<std::uint32_t>(value.integer());
+    EXPECT_TRUE(accepts(document_));
+    EXPECT_EQ(record(), 7U);
+    EXPECT_EQ(fetches_, 1U);
+    EXPECT_TRUE(rejects(R"({"first": 1})", "n", "n field not found"));
+    EXPECT_EQ(fetches_, 1U);
 }
 
-TEST(DecodeLate, HandsTheReaderTheNodeItself)
+TEST_F(DecodeAfter, LeavesTheHostAloneWithoutTheKey)
 {
-    kelmora_host::Node node("id", kelmora_host::Record(std::uint32_t{0}));
-    kelmora_errorlist errors;
-    fetched = nullptr;
-    EXPECT_EQ(decode<read_late>(node.resource(), "{}", &errors), 0);
-    EXPECT_EQ(fetched, nullptr);
-    EXPECT_EQ(decode<read_late>(node.resource(), R"({"n": 7})", &errors), 1);
+    EXPECT_TRUE(rejects(R"({"n": 7})", "the field", "first field not found"));
+    EXPECT_EQ(fetches_, 0U);
+    EXPECT_TRUE(rejects("{", "", "invalid json data"));
+    EXPECT_EQ(fetches_, 0U);
+    EXPECT_TRUE(accepts(""));
+    EXPECT_EQ(fetches_, 0U);
+}
+
+void read_node(Decoder &in, kelmora_resource *node)
+{
+    if (!in.optional("n"))
+        kelmora_set_missing(node, 3);
+    in.optional_integer("n", record_of<std::uint32_t>(node));
+}
+
+TEST(DecodeNode, HandsTheReaderTheNodeItself)
+{
+    kelmora_host::Node node("id", kelmora_host::Record(std::uint32_t{5}));
+    EXPECT_EQ(decode<read_node>(node.resource(), "{}", nullptr), 1);
+    EXPECT_THAT(node.missing(), ElementsAre(3));
+    EXPECT_EQ(decode<read_node>(node.resource(), R"({"n": 7})", nullptr), 1);
     EXPECT_EQ(node.record().as<std::uint32_t>(), 7U);
-    EXPECT_THAT(errors.errors, ElementsAre(Error{"n", "n field not found", "json"}));
 }
-
-void read_early(Decoder &in, std::uint32_t &record) { in.required_integer("n"_key, record); }
 
 TEST(DecodeInto, TakesARecordThatWasFetchedAlready)
 {
     std::uint32_t record = 5;
     kelmora_errorlist errors;
-    EXPECT_EQ(decode_into<read_early>(record, "", &errors), 1);
+    EXPECT_EQ(decode_into<read_number>(record, "", &errors), 1);
     EXPECT_EQ(record, 5U);
-    EXPECT_EQ(decode_into<read_early>(record, R"({"n": 7})", &errors), 1);
+    EXPECT_EQ(decode_into<read_number>(record, R"({"n": 7})", &errors), 1);
     EXPECT_EQ(record, 7U);
-    EXPECT_EQ(decode_into<read_early>(record, "{", &errors), 0);
+    EXPECT_EQ(decode_into<read_number>(record, "{", &errors), 0);
     EXPECT_THAT(errors.errors, ElementsAre(Error{"", "invalid json data", "json"}));
 }
 

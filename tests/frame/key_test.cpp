@@ -14,6 +14,14 @@ TEST(Key, NamesItselfInFieldAndMessage)
     EXPECT_STREQ(key.message(), "opMode field not found");
 }
 
+TEST(Key, MayLeaveItsNameOutOfTheMessage)
+{
+    constexpr Key key = "enabled"_bare_key;
+    EXPECT_STREQ(key.name(), "enabled");
+    EXPECT_STREQ(key.field(), "enabled");
+    EXPECT_STREQ(key.message(), "field not found");
+}
+
 TEST(Key, TakesAnotherFieldAndKeepsItsMessage)
 {
     constexpr Key nested = key<"acs_url", "acs.acs_url">();

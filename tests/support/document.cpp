@@ -76,7 +76,7 @@ std::string without(const std::string &document, std::string_view path)
     return render(root.get());
 }
 
-std::string without(const std::string &document, const std::vector<std::string> &paths)
+std::string without_all(const std::string &document, const std::vector<std::string> &paths)
 {
     std::string rest = document;
     for (const std::string &path : paths)

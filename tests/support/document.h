@@ -17,7 +17,7 @@ namespace kelmora_test {
 [[nodiscard]] std::string without(const std::string &document, std::string_view path);
 
 /// The document without several members.
-[[nodiscard]] std::string without(const std::string &document, const std::vector<std::string> &paths);
+[[nodiscard]] std::string without_all(const std::string &document, const std::vector<std::string> &paths);
 
 /// Whether jansson takes the text for a JSON document.
 [[nodiscard]] bool parses(const std::string &text);

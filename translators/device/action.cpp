@@ -7,13 +7,10 @@ namespace {
 
 void write(Encoder &out, const kelmora_action &action) { out.integer("actionID", action.actionID); }
 
-void read(Decoder &in, kelmora_resource *node)
-{
-    // Its absence is reported in the resource's name, not the key's, on purpose.
-    const Decoder action_id = in.required(key<"actionID", "action", "action field not found">());
-    if (action_id)
-        record_of<kelmora_action>(node).actionID = static_cast<std::uint32_t>(action_id.integer());
-}
+// The absence of the key is reported in the resource's name, on purpose.
+constexpr Key action_id() { return key<"actionID", "action", "action field not found">(); }
+
+void read(Decoder &in, kelmora_action &action) { in.required_integer(action_id(), action.actionID); }
 
 } // namespace
 
@@ -24,5 +21,5 @@ int action_to_translator(kelmora_resource *head, char **out)
 
 int action_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode_after<read>(action_id(), node, text, errors);
 }

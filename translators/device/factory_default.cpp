@@ -11,12 +11,12 @@ void write(Encoder &out, const kelmora_factory_default &factory_default, const N
     out.integer("pressedTime", factory_default.pressedTime);
 }
 
-void read(Decoder &in, kelmora_resource *node)
+// The absence of the key is reported under the resource's name, on purpose.
+constexpr Key pressed_time() { return key<"pressedTime", "factory_default">(); }
+
+void read(Decoder &in, kelmora_factory_default &factory_default)
 {
-    // Its absence is reported under the resource's name, on purpose.
-    const Decoder pressed_time = in.required(key<"pressedTime", "factory_default">());
-    if (pressed_time)
-        record_of<kelmora_factory_default>(node).pressedTime = static_cast<std::int32_t>(pressed_time.integer());
+    in.required_integer(pressed_time(), factory_default.pressedTime);
 }
 
 } // namespace
@@ -28,5 +28,5 @@ int factory_default_to_translator(kelmora_resource *head, char **out)
 
 int factory_default_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode_after<read>(pressed_time(), node, text, errors);
 }

@@ -13,11 +13,8 @@ void write(Encoder &out, const kelmora_user &user, const NodeId &id)
     out.boolean("is_privileged", user.is_privileged);
 }
 
-void read(Decoder &in, kelmora_resource *node)
+void read(Decoder &in, kelmora_user &user)
 {
-    if (!in.required("username"_key))
-        return;
-    auto &user = record_of<kelmora_user>(node); // no sooner, on purpose: without a name the host is not asked
     in.required_text("username"_key, user.username);
     in.required_text("password"_key, user.password);
     in.optional_boolean("is_privileged", user.is_privileged);
@@ -32,5 +29,5 @@ int user_to_translator(kelmora_resource *head, char **out)
 
 int user_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode_after<read>("username"_key, node, text, errors);
 }

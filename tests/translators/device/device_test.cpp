@@ -176,7 +176,7 @@ TEST_F(DeviceFrom, NeverStoresWhatIsReadOnly)
 TEST_F(DeviceFrom, ReportsNothingMissingWhenEveryKeyIsThere)
 {
     EXPECT_THAT(missing_of(document), IsEmpty());
-    EXPECT_THAT(missing_of(without(document, {"id", "model", "uptime", "fw_version"})), IsEmpty());
+    EXPECT_THAT(missing_of(without_all(document, {"id", "model", "uptime", "fw_version"})), IsEmpty());
 }
 
 TEST_F(DeviceFrom, ReportsTheFiveMissingFieldsOfAnEmptyDocumentInTheOrderOfTheKeys)
