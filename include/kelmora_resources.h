@@ -21,20 +21,20 @@
     PENDING(3, natportredirect, firewall, both) \
     PENDING(4, wan, wan_lan, both) \
     SERVED(5, radio, wireless, both) \
-    PENDING(6, lan, wan_lan, both) \
+    SERVED(6, lan, wan_lan, both) \
     SERVED(7, upgrade_by_file, device, from_only) \
     SERVED(8, factory_default, device, both) \
     PENDING(9, pppoe, wan_lan, both) \
     SERVED(10, remote_web_access, device, both) \
-    PENDING(11, dhcp_server, wan_lan, both) \
+    SERVED(11, dhcp_server, wan_lan, both) \
     SERVED(12, telnet, device, from_only) \
     SERVED(13, mp_info, device, both) \
     SERVED(14, action, device, both) \
     SERVED(15, user, device, both) \
     SERVED(16, device, device, both) \
     SERVED(17, status, device, to_only) \
-    PENDING(18, interface_statistics, wan_lan, both) \
-    PENDING(19, connected_device, wan_lan, both) \
+    SERVED(18, interface_statistics, wan_lan, both) \
+    SERVED(19, connected_device, wan_lan, both) \
     SERVED(20, site_survey, wireless, to_only) \
     SERVED(21, system, device, both) \
     PENDING(22, easymesh, wireless, both) \
@@ -43,7 +43,7 @@
     PENDING(25, qos_rule, qos, both) \
     PENDING(26, filter, firewall, both) \
     SERVED(27, limits, device, both) \
-    PENDING(28, dhcp_static_lease, wan_lan, both) \
+    SERVED(28, dhcp_static_lease, wan_lan, both) \
     SERVED(29, daily_reboot, device, both) \
     SERVED(30, datetime, device, both) \
     PENDING(31, traceroute, diagnostics, both) \
@@ -69,7 +69,7 @@
     PENDING(51, acl_capability, firewall, both) \
     PENDING(52, acl_config, firewall, both) \
     PENDING(53, tr069_config, remote_mgmt, both) \
-    PENDING(54, lan_port_status, wan_lan, to_only) \
+    SERVED(54, lan_port_status, wan_lan, to_only) \
     PENDING(55, firewall_domain_blocking, firewall, both) \
     PENDING(56, firewall_url_blocking, firewall, both) \
     PENDING(57, firewall_mac_filtering, firewall, both) \
@@ -92,7 +92,7 @@
     PENDING(74, global_routing, routing, to_only) \
     PENDING(75, ddns, firewall, both) \
     PENDING(76, qos_traffic_control, qos, both) \
-    PENDING(77, bridging, wan_lan, both) \
+    SERVED(77, bridging, wan_lan, both) \
     SERVED(78, change_to_firmware_version, device, both) \
     PENDING(79, igmp_mld_snooping, routing, both) \
     PENDING(80, ipv6_static_route_list, ipv6, to_only) \
@@ -103,7 +103,7 @@
     PENDING(85, ipv6_dhcp_server, ipv6, both) \
     PENDING(86, ipv6_dhcp_relay, ipv6, both) \
     PENDING(87, ipv6_dhcp_client, ipv6, to_only) \
-    PENDING(88, dhcp_client, wan_lan, to_only) \
+    SERVED(88, dhcp_client, wan_lan, to_only) \
     SERVED(89, automatic_maintenance, device, both) \
     PENDING(90, parental_control, firewall, both) \
     SERVED(91, custom_default_config, device, both) \

@@ -34,22 +34,22 @@ int FromTestBase::call(const std::string &text, std::vector<Error> &errors)
     const std::size_t fetches_before = node_.fetches();
 
     kelmora_errorlist list;
-    const bool kept = keeps_document_ && !releases_all;
-    const auto expect_released = [kept, json_before](const char *otherwise) {
-        if (kept) {
+    const auto expect_document = [json_before](bool kept, const char *otherwise) {
+        if (kept && !releases_all) {
             EXPECT_GT(allocations::json_alive(), json_before) << "the document is not kept";
         } else {
             EXPECT_EQ(allocations::json_alive(), json_before) << otherwise;
         }
     };
-    list.on_add = [&] { expect_released("the document is not released before its error is reported"); };
+    list.on_add = [&] { expect_document(keeps_document_, "the document is not released before its error"); };
     const int result = from_(node_.resource(), text.c_str(), &list);
     allocations_asked_for_ = allocations::asked_for();
     allocations::pass();
     fetches_ = node_.fetches() - fetches_before;
     errors = list.errors;
 
-    expect_released("JSON values outlive the call");
+    const bool kept = keeps_document_ || (keeps_document_on_success_ && result == 1 && !text.empty());
+    expect_document(kept, "JSON values outlive the call");
     EXPECT_EQ(std::memcmp(node_.resource(), &header_before, sizeof header_before), 0) << "the node was written into";
     EXPECT_TRUE(std::equal(guard_before.begin(), guard_before.end(), guard)) << "written behind the record";
     EXPECT_EQ(result, errors.empty() ? 1 : 0);

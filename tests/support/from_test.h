@@ -104,8 +104,9 @@ protected:
     /// A document that the translator accepts and that has every key it reads.
     const std::string document_;
 
-    /// Whether the contract lets the next calls leave their document unreleased.
+    // Whether the contract makes the next calls leave their document unreleased: all of them, or those that succeed.
     bool keeps_document_ = false;
+    bool keeps_document_on_success_ = false;
 
     /// How often the last call fetched the record.
     std::size_t fetches_ = 0;

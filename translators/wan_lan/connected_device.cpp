@@ -1,0 +1,44 @@
+#include "frame/translator.h"
+#include "records/wan_lan.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_connected_device &device, const NodeId &id)
+{
+    out.text("id", id);
+    out.text("hostname", device.hostname);
+    out.text("ip", device.ip);
+    out.text("mac", device.mac);
+    out.text("network", device.network);
+    out.integer("opMode", device.opMode);
+    out.real("txRate", device.txRate);
+    out.real("rxRate", device.rxRate);
+    out.integer("signalLevel", device.signalLevel);
+    out.integer("txBytes", device.txBytes);
+    out.integer("rxBytes", device.rxBytes);
+    out.integer("unitySize", device.unitySize);
+    out.boolean("isStaticIP", device.isStaticIP);
+    out.boolean("isDMZ", device.isDMZ);
+    out.integer("time", device.time);
+    out.integer("frequency", device.frequency);
+    out.array("ip6_list", [&](ArrayEncoder &list) {
+        for (const auto &node : chain(device.ip6_list))
+            list.text(node.address);
+    });
+    out.integer("ip6_count", device.ip6_count); // the host's count, on purpose, not the list's length
+}
+
+} // namespace
+
+int connected_device_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+}
+
+// The devices are what the host has seen.
+int connected_device_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
+{
+    return 1;
+}

@@ -1,0 +1,45 @@
+#include "frame/number.h"
+#include "frame/translator.h"
+#include "records/wan_lan.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_interface_statistics &statistics, const NodeId &id)
+{
+    out.text("id", id);
+    out.text("interfaceID", statistics.interfaceID);
+    out.integer("tx", statistics.tx);
+    out.integer("rx", statistics.rx);
+    out.integer("unity_size", statistics.unity_size);
+    out.integer("time", statistics.time);
+}
+
+/// Reads a real although an integer is written, on purpose: an integer in the document stores 0.
+void read_counter(Decoder &in, Key key, std::uint32_t &counter)
+{
+    if (const Decoder value = in.required(key))
+        counter = saturated(value.real());
+}
+
+void read(Decoder &in, kelmora_interface_statistics &statistics)
+{
+    in.required_text("interfaceID"_key, statistics.interfaceID);
+    read_counter(in, "tx"_key, statistics.tx);
+    read_counter(in, "rx"_key, statistics.rx);
+    in.required_integer("unity_size"_key, statistics.unity_size);
+    in.required_integer("time"_key, statistics.time);
+}
+
+} // namespace
+
+int interface_statistics_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::counting, Flags::compact);
+}
+
+int interface_statistics_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
