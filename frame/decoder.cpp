@@ -1,6 +1,5 @@
 #include "frame/decoder.h"
 
-#include "frame/text.h"
 #include "frame/validation.h"
 
 namespace kelmora {
@@ -82,7 +81,7 @@ void Decoder::required_integer(Key key, std::uint32_t &field)
 void Decoder::required_text(Key key, char *field, std::size_t width)
 {
     if (const json_t *value = find_required(key))
-        store_text(field, json_string_value(value), width);
+        kelmora::store_text(field, json_string_value(value), width);
 }
 
 Decoder Decoder::required(Key key)
@@ -120,7 +119,7 @@ void Decoder::optional_integer(const char *name, std::uint32_t &field)
 void Decoder::optional_text(const char *name, char *field, std::size_t width)
 {
     if (const json_t *value = find(name))
-        store_text(field, json_string_value(value), width);
+        kelmora::store_text(field, json_string_value(value), width);
 }
 
 Elements Decoder::optional_array(const char *name) { return {*call_, find(name)}; }
@@ -146,7 +145,7 @@ void Decoder::checked_integer(const char *name, std::uint32_t &field)
 void Decoder::checked_text(const char *name, char *field, std::size_t width)
 {
     if (const json_t *value = find_checked(name, KELMORA_JSON_STRING))
-        store_text(field, json_string_value(value), width);
+        kelmora::store_text(field, json_string_value(value), width);
 }
 
 Elements Decoder::checked_array(const char *name) { return {*call_, find_checked(name, KELMORA_JSON_ARRAY)}; }

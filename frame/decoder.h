@@ -3,6 +3,7 @@
 
 #include "frame/document.h"
 #include "frame/key.h"
+#include "frame/text.h"
 
 #include "kelmora_host.h"
 
@@ -61,6 +62,12 @@ public:
 
     /// The value as text, empty when it is no string. Valid until the document is released.
     [[nodiscard]] const char *text() const;
+
+    /// Stores that text, cut to the field's width less one byte.
+    template <std::size_t width> void store_text(char (&field)[width]) const
+    {
+        kelmora::store_text(field, text(), width);
+    }
 
     /// The value as a number, 0 when it is no integer.
     [[nodiscard]] json_int_t integer() const { return ok() ? json_integer_value(value_) : 0; }

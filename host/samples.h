@@ -10,6 +10,7 @@ void add_device_accounts_samples(Gateway &gateway);
 void add_device_identity_samples(Gateway &gateway);
 void add_device_maintenance_samples(Gateway &gateway);
 void add_wan_lan_lan_samples(Gateway &gateway);
+void add_wan_lan_wan_samples(Gateway &gateway);
 void add_wireless_samples(Gateway &gateway);
 
 } // namespace kelmora_host

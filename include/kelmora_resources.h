@@ -17,14 +17,14 @@
 #define KELMORA_RESOURCES(SERVED, PENDING) \
     SERVED(0, wireless, wireless, both) \
     SERVED(1, session, device, both) \
-    PENDING(2, interface, wan_lan, both) \
+    SERVED(2, interface, wan_lan, both) \
     PENDING(3, natportredirect, firewall, both) \
-    PENDING(4, wan, wan_lan, both) \
+    SERVED(4, wan, wan_lan, both) \
     SERVED(5, radio, wireless, both) \
     SERVED(6, lan, wan_lan, both) \
     SERVED(7, upgrade_by_file, device, from_only) \
     SERVED(8, factory_default, device, both) \
-    PENDING(9, pppoe, wan_lan, both) \
+    SERVED(9, pppoe, wan_lan, both) \
     SERVED(10, remote_web_access, device, both) \
     SERVED(11, dhcp_server, wan_lan, both) \
     SERVED(12, telnet, device, from_only) \
@@ -47,7 +47,7 @@
     SERVED(29, daily_reboot, device, both) \
     SERVED(30, datetime, device, both) \
     PENDING(31, traceroute, diagnostics, both) \
-    PENDING(32, wan_detect, wan_lan, both) \
+    SERVED(32, wan_detect, wan_lan, both) \
     PENDING(33, iptables, firewall, both) \
     PENDING(34, mirroring, routing, both) \
     PENDING(35, pon_stats, pon, to_only) \
@@ -62,8 +62,8 @@
     PENDING(44, loop_back_detect, routing, both) \
     PENDING(45, epon_llid_status, pon, to_only) \
     PENDING(46, ipv6_radvd, ipv6, both) \
-    PENDING(47, wan_lan_list, wan_lan, both) \
-    PENDING(48, wan_service_type, wan_lan, both) \
+    SERVED(47, wan_lan_list, wan_lan, both) \
+    SERVED(48, wan_service_type, wan_lan, both) \
     PENDING(49, ipv6_proxy_mld, ipv6, both) \
     PENDING(50, loopback_detect_status, routing, both) \
     PENDING(51, acl_capability, firewall, both) \

@@ -275,6 +275,22 @@ TEST(Decoder, ReadsElementsInOrder)
     EXPECT_THAT(seen.numbers, ElementsAre(0, 5, 0, 0));
 }
 
+TEST(Decoder, StoresAnElementsText)
+{
+    char field[4] = "abc";
+    EXPECT_THAT(reading(R"({"list": ["too long", 5, "x"]})",
+                        [&](Decoder &in) {
+                            const Elements list = in.required_array("list"_key);
+                            list[0].store_text(field);
+                            EXPECT_EQ(std::string(field, sizeof field), std::string("too\0", 4));
+                            list[2].store_text(field);
+                            EXPECT_EQ(std::string(field, sizeof field), std::string("x\0\0\0", 4));
+                            list[1].store_text(field);
+                            EXPECT_EQ(std::string(field, sizeof field), std::string(4, '\0'));
+                        }),
+                IsEmpty());
+}
+
 TEST(Decoder, SeesNoElementsInWhatIsNoArray)
 {
     EXPECT_THAT(reading(R"({"object": {"a": 1}, "text": "abc", "number": 5})",
