@@ -5,15 +5,13 @@
 
 namespace {
 
-/// The error's name of a member: "prefix.key", cut to what the buffer holds, or the key itself without a prefix.
-class MemberName {
+/// "prefix.key", cut to what the buffer holds: enough for every prefix and key of the resources.
+class DottedName {
 public:
-    MemberName(const char *prefix, const char *key)
+    DottedName(const char *prefix, const char *key)
     {
-        if (prefix != nullptr && *prefix != '\0') {
-            append(prefix);
-            append(".");
-        }
+        append(prefix);
+        append(".");
         append(key);
     }
 
@@ -26,7 +24,7 @@ private:
             text_[length_++] = *part;
     }
 
-    char text_[56]{}; // enough for every prefix and key of the resources
+    char text_[56]{};
     std::size_t length_ = 0;
 };
 
@@ -35,9 +33,12 @@ private:
 json_t *get_json_obj(json_t *object, const char *key, const char *prefix, kelmora_errorlist *errors)
 {
     json_t *member = json_object_get(object, key);
-    if (member == nullptr) {
-        kelmora_errorlist_add_error(errors, MemberName(prefix, key).text(), "field not found", "json");
-        json_decref(object);
-    }
-    return member;
+    if (member != nullptr)
+        return member;
+    if (prefix == nullptr || *prefix == '\0')
+        kelmora_errorlist_add_error(errors, key, "field not found", "json");
+    else
+        kelmora_errorlist_add_error(errors, DottedName(prefix, key).text(), "field not found", "json");
+    json_decref(object);
+    return nullptr;
 }

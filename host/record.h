@@ -9,6 +9,7 @@
 #include <new>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 namespace kelmora_host {
 
@@ -51,6 +52,25 @@ struct Duplicate {
             throw std::bad_alloc();
         return block;
     }
+};
+
+/// Lists the blocks that a record owns.
+struct Collect {
+    template <class Node> void chain(Node *&first)
+    {
+        for (Node *node = first; node != nullptr; node = node->next) {
+            blocks.push_back(node);
+            Owned<Node>::visit(*node, *this);
+        }
+    }
+
+    void text(char *&text)
+    {
+        if (text != nullptr)
+            blocks.push_back(text);
+    }
+
+    std::vector<void *> blocks;
 };
 
 /// Frees what a record owns.
@@ -120,6 +140,9 @@ public:
     [[nodiscard]] void *data() { return bytes_.get(); }
     [[nodiscard]] std::size_t size() const { return type_->size; }
 
+    /// The blocks from malloc that hang on the record.
+    [[nodiscard]] std::vector<void *> owned_blocks() { return type_->collect(bytes_.get()); }
+
     /// The record as its struct. T must be the type that it was made of.
     template <class T> [[nodiscard]] T &as() { return *std::launder(static_cast<T *>(data())); }
 
@@ -128,6 +151,7 @@ private:
         std::size_t size;
         void (*duplicate)(void *record);
         void (*release)(void *record);
+        std::vector<void *> (*collect)(void *record);
     };
 
     template <class T, class Visitor> static void visit(void *record)
@@ -136,7 +160,16 @@ private:
         Owned<T>::visit(*static_cast<T *>(record), visitor);
     }
 
-    template <class T> static constexpr Type type_of{sizeof(T), &Record::visit<T, Duplicate>, &Record::visit<T, Free>};
+    template <class T> static std::vector<void *> collect(void *record)
+    {
+        Collect collect;
+        Owned<T>::visit(*static_cast<T *>(record), collect);
+        return collect.blocks;
+    }
+
+    template <class T>
+    static constexpr Type type_of{sizeof(T), &Record::visit<T, Duplicate>, &Record::visit<T, Free>,
+                                  &Record::collect<T>};
 
     std::unique_ptr<std::byte[]> bytes_;
     const Type *type_;

@@ -116,10 +116,10 @@ KELMORA_JSON_API int kelmora_json_validate(struct json_t *root, const struct jso
  * A member of a JSON object, borrowed.
  * object: searched; released (one reference) when it has no such member, after the error was appended. So a caller
  *         passes the parsed document itself and returns at once on NULL.
- * prefix: what stands before a dot and the key in the error's field name; NULL or empty for the key alone. A name of
- *         more than 55 bytes is cut.
- * Returns NULL after appending (name, "field not found", "json") to `errors`; unlike for other errors the name is valid
- * during the call only.
+ * prefix: what stands before a dot and the key in the error's field name; NULL or empty for the key alone. A
+ *         dotted name of more than 55 bytes is cut.
+ * Returns NULL after appending (name, "field not found", "json") to `errors`; unlike for other errors a dotted name is
+ * valid during the call only.
  */
 KELMORA_JSON_API struct json_t *get_json_obj(struct json_t *object, const char *key, const char *prefix,
                                              struct kelmora_errorlist *errors);

@@ -56,7 +56,7 @@ TEST_F(GetJsonObj, TakesNoPrefixForAnEmptyOne)
     EXPECT_THAT(errors_.errors, ElementsAre(Error{"gone", "field not found", "json"}));
 }
 
-TEST_F(GetJsonObj, CutsANameThatDoesNotFit)
+TEST_F(GetJsonObj, CutsADottedNameThatDoesNotFit)
 {
     const std::string key(60, 'k');
     json_incref(object_);
@@ -66,7 +66,7 @@ TEST_F(GetJsonObj, CutsANameThatDoesNotFit)
     json_incref(object_);
     EXPECT_EQ(get_json_obj(object_, "k", std::string(60, 'p').c_str(), &errors_), nullptr);
     EXPECT_EQ(get_json_obj(object_, std::string(48, 'k').c_str(), "prefix", &errors_), nullptr);
-    EXPECT_THAT(errors_.errors, ElementsAre(Error{std::string(55, 'k'), "field not found", "json"},
+    EXPECT_THAT(errors_.errors, ElementsAre(Error{key, "field not found", "json"},
                                             Error{"prefix." + std::string(48, 'k'), "field not found", "json"},
                                             Error{std::string(55, 'p'), "field not found", "json"},
                                             Error{"prefix." + std::string(48, 'k'), "field not found", "json"}));

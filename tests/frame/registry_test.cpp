@@ -8,7 +8,10 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <set>
+#include <string>
+#include <string_view>
 
 namespace kelmora_host {
 
@@ -99,21 +102,114 @@ TEST(Version, IsOneConstant)
 
 TEST(Resources, HaveTheNumbersThatTheHostKnows)
 {
-    // A few that are easily taken for each other.
-    const std::vector<std::pair<int, std::string_view>> numbers = {{0, "wireless"},
-                                                                   {3, "natportredirect"},
-                                                                   {5, "radio"},
-                                                                   {14, "action"},
-                                                                   {20, "site_survey"},
-                                                                   {26, "filter"},
-                                                                   {44, "loop_back_detect"},
-                                                                   {50, "loopback_detect_status"},
-                                                                   {51, "acl_capability"},
-                                                                   {65, "neighbour_hosts"},
-                                                                   {66, "ipv6_acl_capability"},
-                                                                   {97, "tr369_local_agent_controller"}};
-    for (const auto &[number, name] : numbers)
-        EXPECT_EQ(resources()[static_cast<std::size_t>(number)].name, name);
+    // By number; with its direction where it has only one.
+    const std::string_view known[] = {
+        "wireless",
+        "session",
+        "interface",
+        "natportredirect",
+        "wan",
+        "radio",
+        "lan",
+        "upgrade_by_file (from only)",
+        "factory_default",
+        "pppoe",
+        "remote_web_access",
+        "dhcp_server",
+        "telnet (from only)",
+        "mp_info",
+        "action",
+        "user",
+        "device",
+        "status (to only)",
+        "interface_statistics",
+        "connected_device",
+        "site_survey (to only)",
+        "system",
+        "easymesh",
+        "ping",
+        "qos",
+        "qos_rule",
+        "filter",
+        "limits",
+        "dhcp_static_lease",
+        "daily_reboot",
+        "datetime",
+        "traceroute",
+        "wan_detect",
+        "iptables",
+        "mirroring",
+        "pon_stats (to only)",
+        "pon_settings",
+        "pon_nodes (to only)",
+        "pon_counters (to only)",
+        "syslog",
+        "gpon_status (to only)",
+        "gem_port_stats (to only)",
+        "pon_status (to only)",
+        "http_request",
+        "loop_back_detect",
+        "epon_llid_status (to only)",
+        "ipv6_radvd",
+        "wan_lan_list",
+        "wan_service_type",
+        "ipv6_proxy_mld",
+        "loopback_detect_status",
+        "acl_capability",
+        "acl_config",
+        "tr069_config",
+        "lan_port_status (to only)",
+        "firewall_domain_blocking",
+        "firewall_url_blocking",
+        "firewall_mac_filtering",
+        "firewall_ip_port_filtering",
+        "firewall_alg",
+        "tr069_inform (to only)",
+        "firewall_port_forwarding_enable",
+        "igmp_proxy",
+        "firewall_port_forwarding_table",
+        "backup_restore",
+        "neighbour_hosts",
+        "ipv6_acl_capability",
+        "ipv6_acl_config",
+        "ipv6_dhcp",
+        "static_routing",
+        "qos_policy",
+        "qos_available_dscp (to only)",
+        "qos_classification",
+        "ipv6_static_route",
+        "global_routing (to only)",
+        "ddns",
+        "qos_traffic_control",
+        "bridging",
+        "change_to_firmware_version",
+        "igmp_mld_snooping",
+        "ipv6_static_route_list (to only)",
+        "rip_enable",
+        "rip_config",
+        "ipv6_ip_port_filter",
+        "ipv6_ip_port_filter_default_rule",
+        "ipv6_dhcp_server",
+        "ipv6_dhcp_relay",
+        "ipv6_dhcp_client (to only)",
+        "dhcp_client (to only)",
+        "automatic_maintenance",
+        "parental_control",
+        "custom_default_config",
+        "ipv6_prefix_delegation",
+        "wlan_access_control",
+        "limited_user_permissions (to only)",
+        "tr369_mqtt_client",
+        "tr369_local_agent_mtp",
+        "tr369_local_agent_controller",
+    };
+    ASSERT_EQ(std::size(known), resources().size());
+    for (const Resource &resource : resources()) {
+        std::string description(resource.name);
+        if (resource.directions != Directions::both)
+            description += resource.directions == Directions::to_only ? " (to only)" : " (from only)";
+        EXPECT_EQ(description, known[resource.number]);
+    }
 }
 
 TEST(Resources, StandInTheOrderOfTheirNumbersUnderNamesOfTheirOwn)

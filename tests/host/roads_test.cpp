@@ -1,5 +1,7 @@
 #include "host/roads.h"
 
+#include "tests/support/allocations.h"
+
 #include <cstdlib>
 #include <cstring>
 #include <gmock/gmock.h>
@@ -161,6 +163,26 @@ TEST(Write, HandsOverWhatStandsBehindANulByte)
     Node node("lan1", Record(Port{1}));
     EXPECT_EQ(write(store_third_byte, node, std::string("\0\0\7\0", 4)).result, 1);
     EXPECT_EQ(node.record().as<Port>().number, 7);
+}
+
+TEST(Write, FreesWhatTheTranslatorLetsGoOf)
+{
+    const std::size_t alive = kelmora_test::allocations::alive();
+    {
+        kelmora_interface interface {
+        };
+        interface.ip6_list = make_chain<kelmora_ip6_address>({{.address = "a"}, {.address = "b"}, {.address = "c"}});
+        Node node("id", Record(interface));
+        const auto forget_the_second = [](kelmora_resource *resource, const char *, kelmora_errorlist *) {
+            auto *first = static_cast<kelmora_interface *>(kelmora_resource_get_data(resource))->ip6_list;
+            first->next = first->next->next;
+            return 1;
+        };
+        write(forget_the_second, node, "{}");
+        EXPECT_EQ(kelmora_test::allocations::alive(), alive + 2);
+        EXPECT_STREQ(node.record().as<kelmora_interface>().ip6_list->next->address, "c");
+    }
+    EXPECT_EQ(kelmora_test::allocations::alive(), alive);
 }
 
 TEST(ErrorList, TellsWhoWantsToKnowRightAfterEachError)

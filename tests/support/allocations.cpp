@@ -1,6 +1,7 @@
 #include "tests/support/allocations.h"
 
 #include <cstdlib>
+#include <cstring>
 #include <jansson.h>
 #include <mutex>
 #include <unordered_map>
@@ -67,7 +68,12 @@ State &state()
 void *allocate(std::size_t size, Owner owner)
 {
     const std::lock_guard lock(state().mutex);
-    return state().fails() ? nullptr : state().add(__real_malloc(size), owner);
+    if (state().fails())
+        return nullptr;
+    void *block = __real_malloc(size);
+    if (block != nullptr)
+        std::memset(block, 0xA5, size); // fresh memory is not zero
+    return state().add(block, owner);
 }
 
 void release(void *block)

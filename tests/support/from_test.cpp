@@ -98,6 +98,7 @@ void FromTestBase::expect_common_contract()
         expect_untouched();
     }
     EXPECT_TRUE(accepts(with(document_, "a key of nobody's", "{\"deep\": [1, null]}")));
+    EXPECT_EQ(fetches_, 1U);
 }
 
 void FromTestBase::expect_required_in_order(const std::vector<RequiredKey> &keys)

@@ -108,8 +108,9 @@ protected:
     bool keeps_document_ = false;
     bool keeps_document_on_success_ = false;
 
-    /// How often the last call fetched the record.
+    /// How often the last call fetched the record, and how often calls without a document may.
     std::size_t fetches_ = 0;
+    std::size_t fetches_without_document_ = 0;
 
     kelmora_host::Node node_;
 

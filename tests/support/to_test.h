@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kelmora_test {
@@ -64,6 +65,20 @@ protected:
     Type &add(std::string_view id, const Type &record = {})
     {
         return nodes_.emplace_back(id, kelmora_host::Record(record)).record().template as<Type>();
+    }
+
+    /// Each switch is written from its own field, and as true for any value but 0. The keys must occur once each.
+    void expect_switches(const std::vector<std::pair<std::string, std::uint8_t Type::*>> &switches)
+    {
+        for (const auto &[key, field] : switches) {
+            nodes_.clear();
+            add("").*field = 128;
+            const std::string text = object();
+            for (const auto &[other, ignored] : switches) {
+                const std::string expected = '"' + other + (other == key ? "\": true" : "\": false");
+                EXPECT_THAT(text, testing::HasSubstr(expected)) << "with " << key << " alone";
+            }
+        }
     }
 };
 

@@ -26,7 +26,7 @@ void write(Encoder &out, const kelmora_wan_lan_list &ports, const NodeId &id)
 void read(Decoder &in, kelmora_wan_lan_list &ports)
 {
     const Elements list = in.required_array("lan_list"_bare_key);
-    in.keep_document_on_failure(true); // from here on, on purpose: an incomplete entry leaves it unreleased
+    in.keep_document_on_failure(true); // from here on, on purpose: an incomplete entry leaves all of it unreleased
     for (std::size_t i = 0; i < std::size(ports.lan_list) && in.ok(); ++i) {
         auto &port = ports.lan_list[i];
         if (i >= list.size()) {

@@ -78,11 +78,10 @@ TEST_F(DeviceTo, WritesTheUptimeAsUnsigned)
 
 TEST_F(DeviceTo, WritesEachSwitchFromItsOwnField)
 {
-    add("", {.show_wizard = 1});
-    EXPECT_THAT(object(), HasSubstr(R"("show_wizard": true, "login_enable": false, "alias")"));
-    nodes_.clear();
-    add("", {.leds = 1});
-    EXPECT_THAT(object(), HasSubstr(R"("leds": true, "is_manageable": false)"));
+    expect_switches({{"show_wizard", &kelmora_device::show_wizard},
+                     {"login_enable", &kelmora_device::login_enable},
+                     {"leds", &kelmora_device::leds},
+                     {"is_manageable", &kelmora_device::is_manageable}});
 }
 
 TEST_F(DeviceTo, WritesAnySwitchButZeroAsTrue)

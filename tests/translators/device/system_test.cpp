@@ -65,6 +65,26 @@ TEST_F(SystemTo, WritesSortedKeysIndentedAndEscaped)
                       "]");
 }
 
+TEST_F(SystemTo, WritesEachSwitchFromItsOwnField)
+{
+    expect_switches({{"upnp", &kelmora_system::upnp},
+                     {"sip_alg", &kelmora_system::sip_alg},
+                     {"limited_user_enabled", &kelmora_system::limited_user_enabled}});
+    nodes_.clear();
+    add("").dmz_enabled = 128;
+    const std::string indent = "\n                                ";
+    const std::string dmz_alone = object();
+    EXPECT_THAT(dmz_alone, HasSubstr("\"dmz\": {" + indent + "\"enabled\": true"));
+    EXPECT_THAT(dmz_alone, HasSubstr("\"ipv6\": {" + indent + "\"enabled\": false"));
+    EXPECT_THAT(dmz_alone, HasSubstr("\"upnp\": false"));
+    nodes_.clear();
+    add("").ipv6_enabled = 128;
+    const std::string ipv6_alone = object();
+    EXPECT_THAT(ipv6_alone, HasSubstr("\"dmz\": {" + indent + "\"enabled\": false"));
+    EXPECT_THAT(ipv6_alone, HasSubstr("\"ipv6\": {" + indent + "\"enabled\": true"));
+    EXPECT_THAT(ipv6_alone, HasSubstr("\"sip_alg\": false"));
+}
+
 TEST_F(SystemTo, WritesTheOtherSettingOfEverySwitch)
 {
     add("", {.upnp = 0,

@@ -78,12 +78,13 @@ TEST_F(WirelessTo, WritesCodesAsUnsignedAndTheThresholdAsSigned)
                         R"("client_mode_rssi": -1, "guest_network": false})");
 }
 
-TEST_F(WirelessTo, WritesAnySwitchButZeroAsTrue)
+TEST_F(WirelessTo, WritesEachSwitchFromItsOwnField)
 {
-    add("", {.enabled = 2, .broadcast = 4, .wps = 128, .isRoot = 255, .guest_network = 16});
-    EXPECT_THAT(object(),
-                AllOf(HasSubstr(R"("enabled": true)"), HasSubstr(R"("broadcast": true)"), HasSubstr(R"("wps": true)"),
-                      HasSubstr(R"("isRoot": true)"), HasSubstr(R"("guest_network": true)")));
+    expect_switches({{"enabled", &kelmora_wireless::enabled},
+                     {"broadcast", &kelmora_wireless::broadcast},
+                     {"wps", &kelmora_wireless::wps},
+                     {"isRoot", &kelmora_wireless::isRoot},
+                     {"guest_network", &kelmora_wireless::guest_network}});
 }
 
 TEST_F(WirelessTo, CutsTextsToOneByteLessThanTheirField)
