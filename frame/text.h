@@ -9,7 +9,8 @@ namespace kelmora {
 /// The length of a text field: up to its NUL, or its whole width when it has none.
 [[nodiscard]] std::size_t field_length(const char *field, std::size_t width);
 
-/// A new JSON string of a text field, cut to width - 1 bytes. NULL when the text is not UTF-8 or memory ran out.
+/// A new JSON string of a text field, cut to width - 1 bytes; empty for a width of 0. NULL when the text is not UTF-8
+/// or memory ran out.
 [[nodiscard]] json_t *string_of_field(const char *field, std::size_t width);
 
 /// Whether jansson takes the bytes as text: well-formed UTF-8, no surrogates, nothing above U+10FFFF.

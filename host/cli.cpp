@@ -26,7 +26,7 @@ constexpr const char *footer = R"(Examples:
 
 Exit status:
   0  done
-  1  the plug-in rejected the document, or does not support the resource yet
+  1  the document was rejected, or the resource is not supported yet
   2  the command line is wrong: no such resource, record, command or option
   3  reserved
   4  the environment fails: the plug-in does not load, a file cannot be read,

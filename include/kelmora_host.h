@@ -53,7 +53,8 @@ typedef int (*kelmora_from_translator)(struct kelmora_resource *node, const char
  * Writes the records of the list that starts at `head` as one NUL-terminated JSON text into *out.
  * out: the host's buffer from malloc, at least 4096 bytes; enlarged with realloc when the text needs more.
  *      backup_restore writes a block of 8 bytes into it, and no NUL behind them.
- * Returns 1 for success; 0 when memory ran out: the text is then the empty document, "[]" or "{}".
+ * Returns 1 for success; 0 when memory ran out or the resource is not served yet: the text is then the empty document,
+ * "[]" or "{}".
  */
 typedef int (*kelmora_to_translator)(struct kelmora_resource *head, char **out);
 
@@ -72,7 +73,8 @@ struct kelmora_resource *kelmora_resource_get_next(struct kelmora_resource *node
  * field:   the JSON key concerned, plain or composed ("acs.acs_url"), or "" for the whole document.
  * message: what is wrong, in English.
  * source:  "json" as a rule.
- * The three texts are constants of the plug-in, valid while it is loaded.
+ * Copy the texts to keep them: those of the translators are constants of the plug-in, but those of the helpers that it
+ * exports (get_json_obj, kelmora_json_validate) live as long as the call.
  */
 void kelmora_errorlist_add_error(struct kelmora_errorlist *errors, const char *field, const char *message,
                                  const char *source);

@@ -46,8 +46,8 @@ KELMORA_JSON_API const char *kelmora_json_get_version(void);
  * Makes room for `text` in the host's output buffer.
  * out: the buffer, from malloc and of at least 4096 bytes; reallocated to the text's length plus one when the length
  *      is 4096 or more, else left alone.
- * Returns the text's length when the buffer was left alone; the new buffer's address when it was reallocated; 0 when
- * that failed, and then *out is as it was and too small for the text.
+ * Returns the text's length when the buffer was left alone (0 for the empty text); the new buffer's address when it was
+ * reallocated; 0 when that failed, and then *out is as it was and too small for the text.
  */
 KELMORA_JSON_API uintptr_t libkelmora_json_check_data_size(const char *text, char **out);
 
@@ -55,7 +55,7 @@ KELMORA_JSON_API uintptr_t libkelmora_json_check_data_size(const char *text, cha
  * A new JSON string of a fixed-width text field.
  * text:  NUL-terminated within its width, or else read no further than it.
  * width: the field's bytes, the NUL included; at most width - 1 bytes are taken, wherever that cuts a character.
- * Returns a value that the caller owns; NULL when the text (after the cut) is not UTF-8 or memory ran out.
+ * Returns a value that the caller owns; NULL when the text is NULL or (after the cut) not UTF-8, or memory ran out.
  */
 KELMORA_JSON_API struct json_t *libkelmora_json_string(const char *text, size_t width);
 

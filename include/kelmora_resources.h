@@ -6,7 +6,8 @@
  * translators/ that holds its unit and the header below records/ that holds its record. Directions are `both`, or
  * `to_only` or `from_only` where the other translator does nothing and returns 1.
  *
- * SERVED rows have their unit. PENDING rows are registered with a pair that answers "not supported".
+ * SERVED rows have their unit. PENDING rows are registered with a pair that rejects what is written with "not
+ * supported" and answers a read with 0 and the empty document.
  *
  * Use: #define a macro of four arguments for either kind of row and hand both to KELMORA_RESOURCES.
  */

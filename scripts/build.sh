@@ -1,5 +1,5 @@
 #!/bin/sh
-# build.sh PRESET [TARGET...]: configures the preset's build folder where needed and builds the targets, or everything.
+# build.sh PRESET [TARGET...]: configures the preset's build folder and builds the targets, or everything.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -7,7 +7,7 @@ preset=$1
 shift
 mkdir -p build
 
-# A preset that was never configured, or one that changed, shows what configuring says only when it fails.
+# What configuring says is shown when it fails; its warnings always.
 if ! cmake --preset "$preset" >"build/configure-$preset.log" 2>&1; then
     cat "build/configure-$preset.log" >&2
     exit 1

@@ -5,7 +5,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 if [ ! -x build/release/kelmora-host ]; then
-    echo "demo: no build/release/kelmora-host; build it first: make" >&2
+    echo "demo: no build/release/kelmora-host; run: make demo" >&2
     exit 1
 fi
 PATH=$PWD/build/release:$PATH

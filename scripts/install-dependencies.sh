@@ -48,7 +48,7 @@ install_packages() {
     missing=$(missing_of $required $optional)
     [ -n "$missing" ] || return 0
     if ! as_root true 2>/dev/null; then
-        say "neither root nor sudo: not installing $missing"
+        say "neither root nor a sudo that asks for no password; not installing: $missing"
         return 0
     fi
     say "installing: $missing"

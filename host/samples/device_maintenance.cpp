@@ -37,8 +37,8 @@ kelmora_datetime house_clock()
         .dst_enabled = 1,
         .ntp_enabled = 1,
         .ntp_automatic = 0,
-        .ntp_server1 = "0.pool.ntp.org",
-        .ntp_server2 = "1.pool.ntp.org",
+        .ntp_server1 = "ntp1.example.net",
+        .ntp_server2 = "ntp2.example.net",
     };
 }
 
