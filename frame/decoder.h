@@ -63,10 +63,11 @@ public:
     /// The value as text, empty when it is no string. Valid until the document is released.
     [[nodiscard]] const char *text() const;
 
-    /// Stores that text, cut to the field's width less one byte.
+    /// Stores that text, cut to the field's width less one byte; nothing when the value is missing.
     template <std::size_t width> void store_text(char (&field)[width]) const
     {
-        kelmora::store_text(field, text(), width);
+        if (*this)
+            kelmora::store_text(field, text(), width);
     }
 
     /// The value as a number, 0 when it is no integer.

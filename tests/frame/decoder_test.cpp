@@ -285,6 +285,8 @@ TEST(Decoder, StoresAnElementsText)
                             EXPECT_EQ(std::string(field, sizeof field), std::string("too\0", 4));
                             list[2].store_text(field);
                             EXPECT_EQ(std::string(field, sizeof field), std::string("x\0\0\0", 4));
+                            list[3].store_text(field);
+                            EXPECT_STREQ(field, "x");
                             list[1].store_text(field);
                             EXPECT_EQ(std::string(field, sizeof field), std::string(4, '\0'));
                         }),

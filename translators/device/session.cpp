@@ -10,8 +10,9 @@ void write(Encoder &out, const kelmora_session &session) { out.text("username", 
 /// Skips a member that is no string, on purpose: it is neither stored nor reported.
 template <std::size_t width> void read_if_text(Decoder &in, const char *name, char (&field)[width])
 {
-    if (in.optional(name).is_text())
-        in.optional_text(name, field);
+    const Decoder value = in.optional(name);
+    if (value.is_text())
+        value.store_text(field);
 }
 
 void read(Decoder &in, kelmora_session &session)
