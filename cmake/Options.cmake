@@ -2,6 +2,7 @@
 
 option(KELMORA_RELEASE_ALL "Release every parsed document, also on the paths that keep theirs by contract" OFF)
 set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
+set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 option(KELMORA_BUILD_HOST "Build kelmora-host, the development host, where its dependencies are" ON)
 option(KELMORA_BUILD_TESTS "Build the tests, which need the development host, where their dependencies are" ON)
@@ -28,6 +29,7 @@ target_compile_options(
     kelmora_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>)
 target_compile_definitions(
     kelmora_options INTERFACE KELMORA_HOST_PRIVATE_POINTERS=${KELMORA_HOST_PRIVATE_POINTERS}
+                              KELMORA_TR069_HOST_BLOCK_SIZE=${KELMORA_TR069_HOST_BLOCK_SIZE}
                               $<$<BOOL:${KELMORA_RELEASE_ALL}>:KELMORA_RELEASE_ALL>)
 if(NOT KELMORA_SANITIZE STREQUAL "")
     set(sanitize -fsanitize=${KELMORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)

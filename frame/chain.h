@@ -4,6 +4,7 @@
 #include "frame/decoder.h"
 
 #include <cstddef>
+#include <cstring>
 
 namespace kelmora {
 
@@ -68,6 +69,25 @@ public:
 private:
     Node **link_;
 };
+
+/// Adds a node to a chain inside a record for each text of an array; an empty text or an element that is none is
+/// skipped. A text that the node's field cannot hold whole fails, and nothing of it is stored. list: the key of the
+/// list; element: the error field for such a text.
+template <class Node, std::size_t width>
+void add_texts(Decoder &in, const Elements &texts, Node *&first, char (Node::*field)[width], const char *list,
+               const char *element)
+{
+    ChainBuilder<Node> builder(first);
+    for (const Decoder text : texts) {
+        const std::size_t length = std::strlen(text.text());
+        if (length == 0)
+            continue;
+        if (length >= width)
+            in.fail(element, "one or more elements exceeds the maximum of characters", "size");
+        else if (Node *node = builder.add(in, list))
+            text.store_text(node->*field);
+    }
+}
 
 } // namespace kelmora
 

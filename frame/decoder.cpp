@@ -2,6 +2,9 @@
 
 #include "frame/validation.h"
 
+#include <cstdlib>
+#include <cstring>
+
 namespace kelmora {
 
 namespace {
@@ -16,7 +19,7 @@ template <class Field> void store_integer(Field &field, const json_t *value)
 
 } // namespace
 
-void Decoder::fail(const char *field, const char *message, const char *source)
+void Decoder::fail_silently()
 {
     if (!call_->ok)
         return;
@@ -25,7 +28,30 @@ void Decoder::fail(const char *field, const char *message, const char *source)
         call_->document.keep();
     else
         call_->document.release();
+}
+
+void Decoder::fail(const char *field, const char *message, const char *source)
+{
+    if (!call_->ok)
+        return;
+    fail_silently();
     kelmora_errorlist_add_error(call_->errors, field, message, source);
+}
+
+char *Decoder::rendered(const char *field)
+{
+    if (!ok() || !(json_is_object(value_) || json_is_array(value_)))
+        return nullptr;
+    char *text = json_dumps(value_, 0);
+    const std::size_t size = text != nullptr ? std::strlen(text) + 1 : 0;
+    // A copy of our own: the host frees it, and jansson's memory may come from elsewhere than malloc.
+    auto *copy = text != nullptr ? static_cast<char *>(std::malloc(size)) : nullptr;
+    if (copy != nullptr)
+        std::memcpy(copy, text, size);
+    else
+        fail(field, "out of memory");
+    std::free(text);
+    return copy;
 }
 
 const char *Decoder::text() const

@@ -44,6 +44,13 @@ public:
     /// Fails with this error, unless there was a failure before. The texts are constants.
     void fail(const char *field, const char *message, const char *source = "json");
 
+    /// Fails without an error of its own: for a host function that reported one.
+    void fail_silently();
+
+    /// The request's errors, for the host functions that take them, and for the errors that are none: those with which
+    /// the translation goes on.
+    [[nodiscard]] kelmora_errorlist *errors() const { return call_->errors; }
+
     /// For the few paths that must leave the document unreleased (Document::keep): success, and failures from here on
     /// until it is said otherwise.
     void keep_document_on_success() { call_->keep_on_success = true; }
@@ -69,6 +76,10 @@ public:
         if (*this)
             kelmora::store_text(field, text(), width);
     }
+
+    /// An object or array as compact JSON text: a block from malloc of just the text's size, the caller's. NULL for any
+    /// other value, and after a failure, be it this one's own: (field, "out of memory", "json").
+    [[nodiscard]] char *rendered(const char *field);
 
     /// The value as a number, 0 when it is no integer.
     [[nodiscard]] json_int_t integer() const { return ok() ? json_integer_value(value_) : 0; }

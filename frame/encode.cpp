@@ -42,8 +42,8 @@ template <class Visit> void for_each_node(kelmora_resource *head, Shape shape, V
 /// The finished document, or NULL when memory ran out.
 json_t *build(kelmora_resource *head, Shape shape, WriteNode write)
 {
-    const auto write_into = [write](Encoder &object, kelmora_resource *node) {
-        write(object, kelmora_resource_get_data(node), node->id);
+    const auto write_into = [=](Encoder &object, kelmora_resource *node) {
+        write(object, kelmora_resource_get_data(node), has(shape, Shape::head_id) ? head->id : node->id);
     };
     if (root_is_array(*head, shape)) {
         ArrayEncoder list;

@@ -15,9 +15,10 @@ enum class Shape : unsigned {
     head_only = 2,     ///< the head alone
     head_repeated = 3, ///< as many entries as the count says, each made from the head
 
-    always_array = 4,       ///< whatever the list flag says
-    always_object = 8,      ///< whatever the list flag says
-    literal_when_empty = 16 ///< "[]" when the count is 0, whatever the root would be
+    always_array = 4,        ///< whatever the list flag says
+    always_object = 8,       ///< whatever the list flag says
+    literal_when_empty = 16, ///< "[]" when the count is 0, whatever the root would be
+    head_id = 32             ///< every node is written with the head's id
 };
 
 constexpr Shape operator|(Shape left, Shape right)
@@ -53,6 +54,13 @@ template <class Record, void (*write)(Encoder &, const Record &, const NodeId &)
     }
 };
 
+template <class Record, void (*write)(Encoder &, const Record *, const NodeId &)> struct NodeWriter<write> {
+    static void call(Encoder &out, const void *record, const NodeId &id)
+    {
+        write(out, static_cast<const Record *>(record), id);
+    }
+};
+
 template <class Record, void (*write)(Encoder &, const Record &)> struct NodeWriter<write> {
     static void call(Encoder &out, const void *record, const NodeId & /*id*/)
     {
@@ -63,7 +71,7 @@ template <class Record, void (*write)(Encoder &, const Record &)> struct NodeWri
 } // namespace detail
 
 /// A to-translator of the function that writes one record: void write(Encoder &, const Record &, const NodeId &), or
-/// without the id where the resource shows none.
+/// without the id where the resource shows none; a record that may be NULL is taken as a pointer.
 template <auto write> int encode(kelmora_resource *head, char **out, Shape shape, Flags flags)
 {
     return encode(head, out, shape, flags, &detail::NodeWriter<write>::call);

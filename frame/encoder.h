@@ -68,6 +68,10 @@ private:
 class ArrayEncoder {
 public:
     ArrayEncoder();
+
+    /// Adds to an array that is there already: one reference, taken over.
+    explicit ArrayEncoder(json_t *array) : array_(array) {}
+
     ArrayEncoder(const ArrayEncoder &) = delete;
     ArrayEncoder &operator=(const ArrayEncoder &) = delete;
     ~ArrayEncoder();

@@ -7,6 +7,7 @@
 #include <initializer_list>
 #include <memory>
 #include <new>
+#include <set>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -106,6 +107,21 @@ template <class Node> Node *make_chain(std::initializer_list<Node> nodes)
     return first;
 }
 
+/// A record that is nothing but a chain: what the plug-in sees is the first node itself, or NULL.
+template <class Node> struct ChainRecord {
+    Node *first;
+};
+
+template <class Node> struct Owned<ChainRecord<Node>> {
+    template <class Visitor> static void visit(ChainRecord<Node> &record, Visitor &visitor)
+    {
+        visitor.chain(record.first);
+    }
+};
+
+template <class T> void *data_of(T &record) { return &record; }
+template <class Node> void *data_of(ChainRecord<Node> &record) { return record.first; }
+
 /// A record of any type, owned: a C struct and all that hangs on it. Copies are deep.
 class Record {
 public:
@@ -137,22 +153,29 @@ public:
             type_->release(bytes_.get());
     }
 
-    [[nodiscard]] void *data() { return bytes_.get(); }
+    /// What the plug-in sees as the record.
+    [[nodiscard]] void *data() { return type_->data(bytes_.get()); }
+
+    /// The struct that it is kept in.
+    [[nodiscard]] void *bytes() { return bytes_.get(); }
     [[nodiscard]] std::size_t size() const { return type_->size; }
 
     /// The blocks from malloc that hang on the record.
     [[nodiscard]] std::vector<void *> owned_blocks() { return type_->collect(bytes_.get()); }
 
     /// The record as its struct. T must be the type that it was made of.
-    template <class T> [[nodiscard]] T &as() { return *std::launder(static_cast<T *>(data())); }
+    template <class T> [[nodiscard]] T &as() { return *std::launder(static_cast<T *>(bytes())); }
 
 private:
     struct Type {
         std::size_t size;
+        void *(*data)(void *record);
         void (*duplicate)(void *record);
         void (*release)(void *record);
         std::vector<void *> (*collect)(void *record);
     };
+
+    template <class T> static void *data(void *record) { return data_of(*static_cast<T *>(record)); }
 
     template <class T, class Visitor> static void visit(void *record)
     {
@@ -168,11 +191,33 @@ private:
     }
 
     template <class T>
-    static constexpr Type type_of{sizeof(T), &Record::visit<T, Duplicate>, &Record::visit<T, Free>,
+    static constexpr Type type_of{sizeof(T), &Record::data<T>, &Record::visit<T, Duplicate>, &Record::visit<T, Free>,
                                   &Record::collect<T>};
 
     std::unique_ptr<std::byte[]> bytes_;
     const Type *type_;
+};
+
+/// At the end of its life, frees the blocks that hung on a record at its beginning and do no more: what a translator
+/// lets go of is the host's to free.
+class FreeLost {
+public:
+    explicit FreeLost(Record &record) : record_(record), before_(record.owned_blocks()) {}
+    FreeLost(const FreeLost &) = delete;
+    FreeLost &operator=(const FreeLost &) = delete;
+    ~FreeLost()
+    {
+        const std::vector<void *> after = record_.owned_blocks();
+        const std::set<void *> kept(after.begin(), after.end());
+        for (void *block : before_) {
+            if (!kept.contains(block))
+                std::free(block);
+        }
+    }
+
+private:
+    Record &record_;
+    std::vector<void *> before_;
 };
 
 } // namespace kelmora_host

@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <new>
-#include <set>
 #include <utility>
 
 void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, const char *message, const char *source)
@@ -21,16 +20,6 @@ ReadAnswer ask(kelmora_to_translator to, kelmora_resource *head, std::size_t raw
     OutputBuffer buffer;
     const int result = to(head, buffer.pointer());
     return {result, raw_bytes != 0 ? std::string(buffer.bytes(), raw_bytes) : std::string(buffer.bytes())};
-}
-
-/// A translator may let go of what hung on the record; it is this host's to free.
-void free_lost(const std::vector<void *> &before, const std::vector<void *> &after)
-{
-    const std::set<void *> kept(after.begin(), after.end());
-    for (void *block : before) {
-        if (!kept.contains(block))
-            std::free(block);
-    }
 }
 
 } // namespace
@@ -56,9 +45,8 @@ ReadAnswer read(kelmora_to_translator to, std::vector<Node> &nodes, bool as_list
 WriteAnswer write(kelmora_from_translator from, Node &node, const std::string &text)
 {
     kelmora_errorlist errors;
-    const std::vector<void *> before = node.record().owned_blocks();
+    const FreeLost free_lost(node.record());
     const int result = from(node.resource(), text.c_str(), &errors);
-    free_lost(before, node.record().owned_blocks());
     return {result, std::move(errors.errors)};
 }
 

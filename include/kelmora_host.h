@@ -62,7 +62,8 @@ typedef int (*kelmora_to_translator)(struct kelmora_resource *head, char **out);
  * result, which kelmora_json_init hands on for the last pair. */
 int kelmora_set_translators(int number, kelmora_from_translator from, kelmora_to_translator to);
 
-/* The record of a node, writable, never NULL; its type follows from the resource (kelmora_records.h). */
+/* The record of a node, writable; its type follows from the resource (kelmora_records.h). Never NULL, but for
+ * qos_available_dscp, whose record is a chain. */
 void *kelmora_resource_get_data(struct kelmora_resource *node);
 
 /* The node behind `node`, or NULL after the last one. */

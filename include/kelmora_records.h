@@ -10,6 +10,13 @@
 #define KELMORA_RECORDS_H
 
 #include "records/device.h"
+#include "records/diagnostics.h"
+#include "records/firewall.h"
+#include "records/ipv6.h"
+#include "records/pon.h"
+#include "records/qos.h"
+#include "records/remote_mgmt.h"
+#include "records/routing.h"
 #include "records/wan_lan.h"
 #include "records/wireless.h"
 

@@ -1,4 +1,4 @@
-/* Records of Wi-Fi networks, radios and scan results. */
+/* Records of Wi-Fi networks, radios, scan results, access control and mesh. */
 #ifndef KELMORA_RECORDS_WIRELESS_H
 #define KELMORA_RECORDS_WIRELESS_H
 
@@ -50,6 +50,43 @@ struct kelmora_site_survey {
     uint32_t cipher;      /* cipher code */
     uint32_t crypto;      /* security code */
     uint32_t op_mode;     /* operating mode code */
+};
+
+/* An address on the access list. The host allocates the chain (kelmora_wlan_access_control_allocate_list). */
+struct kelmora_wlan_access_control_mac {
+    char mac[18];                                 /* MAC address text */
+    struct kelmora_wlan_access_control_mac *next; /* NULL at the end */
+};
+
+/* The access list of a Wi-Fi network. */
+struct kelmora_wlan_access_control {
+    uint32_t mode;                                    /* access control mode code */
+    struct kelmora_wlan_access_control_mac *mac_list; /* chain of addresses, NULL when empty */
+};
+
+/* A neighbour in the mesh: a single block from malloc. */
+struct kelmora_easymesh_neighbor {
+    char name[64];                               /* name of the node */
+    char model[64];                              /* its model */
+    uint8_t is_online;                           /* it can be reached */
+    char ip[17];                                 /* its IPv4 address, dotted text */
+    char mac[18];                                /* its MAC address */
+    int32_t rssi;                                /* signal level, may be negative */
+    uint32_t backhaul;                           /* kind of backhaul link, code */
+    struct kelmora_easymesh_neighbor *neighbors; /* chain of its own neighbours, NULL when it has none; read-only */
+    struct kelmora_easymesh_neighbor *next;      /* next node of the same level, NULL at the end */
+};
+
+/* The mesh, as this node sees it. */
+struct kelmora_easymesh {
+    uint8_t enabled;                             /* mesh on */
+    char controllerIp[17];                       /* IPv4 address of the controller, dotted text */
+    char backhaul_mac[18];                       /* MAC address at the far end of the backhaul link; read-only */
+    int32_t backhaul_rssi;                       /* its signal level, may be negative; read-only */
+    uint32_t type;                               /* role of this node, code */
+    uint32_t backhaul;                           /* kind of backhaul link, code */
+    struct kelmora_easymesh_neighbor *neighbors; /* chain of neighbours, NULL when empty */
+    uint32_t syncing;                            /* synchronisation state code; read-only */
 };
 
 #endif

@@ -40,6 +40,13 @@ $includedir/kelmora_json/kelmora_json.h
 $includedir/kelmora_json/kelmora_records.h
 $includedir/kelmora_json/kelmora_resources.h
 $includedir/kelmora_json/records/device.h
+$includedir/kelmora_json/records/diagnostics.h
+$includedir/kelmora_json/records/firewall.h
+$includedir/kelmora_json/records/ipv6.h
+$includedir/kelmora_json/records/pon.h
+$includedir/kelmora_json/records/qos.h
+$includedir/kelmora_json/records/remote_mgmt.h
+$includedir/kelmora_json/records/routing.h
 $includedir/kelmora_json/records/wan_lan.h
 $includedir/kelmora_json/records/wireless.h
 $libdir/pkgconfig/kelmora_json.pc

@@ -20,7 +20,7 @@ std::vector<std::string> images(std::vector<kelmora_host::Node> &nodes)
     std::vector<std::string> images;
     for (kelmora_host::Node &node : nodes) {
         images.emplace_back(reinterpret_cast<const char *>(node.resource()), sizeof(kelmora_resource));
-        images.emplace_back(static_cast<const char *>(node.record().data()), node.record().size());
+        images.emplace_back(static_cast<const char *>(node.record().bytes()), node.record().size());
     }
     return images;
 }
