@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <initializer_list>
+#include <string>
 #include <vector>
 
 namespace kelmora {
@@ -19,6 +20,8 @@ namespace {
 using kelmora_host::Error;
 using kelmora_test::Failing;
 using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::SizeIs;
 namespace allocations = kelmora_test::allocations;
 
 struct Link {
@@ -136,6 +139,62 @@ TEST_F(ChainBuilderTest, KeepsTheChainWellFormedWhenMemoryRunsOut)
     allocations::pass();
     EXPECT_THAT(numbers(), ElementsAre(1));
     EXPECT_THAT(errors_.errors, ElementsAre(Error{"list", "out of memory", "json"}));
+}
+
+struct Word {
+    char text[6];
+    Word *next;
+};
+
+class AddTexts : public testing::Test {
+protected:
+    ~AddTexts() override { kelmora_host::Free().chain(first_); }
+
+    /// The chain's texts after the array of this document was added to it.
+    std::vector<std::string> texts_of(const char *document)
+    {
+        Decoder::Call call{Document(json_loads(document, 0, nullptr)), &errors_};
+        Decoder in(call, call.document.root());
+        add_texts(in, Elements(call, call.document.root()), first_, &Word::text, "words", "word");
+        std::vector<std::string> texts;
+        for (const Word &word : chain(first_))
+            texts.emplace_back(word.text);
+        return texts;
+    }
+
+    Word *first_ = nullptr;
+    kelmora_errorlist errors_;
+};
+
+TEST_F(AddTexts, AddsANodeForEachText)
+{
+    EXPECT_THAT(texts_of(R"(["one", "two", "three"])"), ElementsAre("one", "two", "three"));
+    EXPECT_THAT(errors_.errors, IsEmpty());
+}
+
+TEST_F(AddTexts, SkipsWhatIsEmptyOrNoText)
+{
+    EXPECT_THAT(texts_of(R"(["", 1, null, "one", true, [], {"a": "b"}, "two"])"), ElementsAre("one", "two"));
+    EXPECT_THAT(texts_of("[]"), ElementsAre("one", "two"));
+}
+
+TEST_F(AddTexts, LinksBehindTheFirstNode)
+{
+    first_ = kelmora_host::make_chain<Word>({{"old"}});
+    EXPECT_THAT(texts_of(R"(["new"])"), ElementsAre("old", "new"));
+}
+
+TEST_F(AddTexts, RefusesATextThatTheFieldCannotHoldAndStoresNothingOfIt)
+{
+    EXPECT_THAT(texts_of(R"(["fives", "sixsix", "more"])"), ElementsAre("fives"));
+    EXPECT_THAT(errors_.errors,
+                ElementsAre(Error{"word", "one or more elements exceeds the maximum of characters", "size"}));
+}
+
+TEST_F(AddTexts, CountsBytesNotCharacters)
+{
+    EXPECT_THAT(texts_of("[\"\u00e9\u00e9\", \"\u00e9\u00e9\u00e9\"]"), ElementsAre("\u00e9\u00e9"));
+    EXPECT_THAT(errors_.errors, SizeIs(1));
 }
 
 } // namespace

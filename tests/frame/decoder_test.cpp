@@ -467,6 +467,89 @@ TEST(DecodeInto, TakesARecordThatWasFetchedAlready)
     EXPECT_THAT(errors.errors, ElementsAre(Error{"", "invalid json data", "json"}));
 }
 
+// ---- failures that another one reports
+
+void read_silently(Decoder &in, std::uint32_t &record)
+{
+    in.required_integer("n"_key, record);
+    in.fail_silently();
+    in.required_integer("m"_key, record);
+    in.fail("field", "message");
+}
+
+TEST(DecodeFailingSilently, ReportsNothingAndReadsNoMore)
+{
+    const std::size_t alive = kelmora_test::allocations::json_alive();
+    std::uint32_t record = 5;
+    kelmora_errorlist errors;
+    EXPECT_EQ(decode_into<read_silently>(record, R"({"n": 7, "m": 8})", &errors), 0);
+    EXPECT_EQ(record, 7U);
+    EXPECT_THAT(errors.errors, IsEmpty());
+    EXPECT_EQ(decode_into<read_silently>(record, "{}", &errors), 0);
+    EXPECT_THAT(errors.errors, ElementsAre(Error{"n", "n field not found", "json"}));
+    EXPECT_EQ(kelmora_test::allocations::json_alive(), alive);
+}
+
+// ---- documents inside documents
+
+struct Body {
+    char *text;
+};
+
+void read_body(Decoder &in, Body &body) { body.text = in.optional("body").rendered("body"); }
+
+class DecodeRendered : public testing::Test {
+protected:
+    ~DecodeRendered() override { std::free(body_.text); }
+
+    int read(const char *text) { return decode_into<read_body>(body_, text, &errors_); }
+
+    Body body_{};
+    kelmora_errorlist errors_;
+};
+
+TEST_F(DecodeRendered, IsTheCompactTextOfAnObjectOrArray)
+{
+    EXPECT_EQ(read(R"({ "body" : { "b" : [ 1 , null ],  "a" : "\u00e9/" } })"), 1);
+    EXPECT_STREQ(body_.text, "{\"b\": [1, null], \"a\": \"\u00e9/\"}");
+    std::free(body_.text);
+    EXPECT_EQ(read(R"({"body": []})"), 1);
+    EXPECT_STREQ(body_.text, "[]");
+}
+
+TEST_F(DecodeRendered, IsNullForEverythingElse)
+{
+    for (const char *text :
+         {"{}", R"({"body": "{}"})", R"({"body": 1})", R"({"body": 1.5})", R"({"body": true})", R"({"body": null})"}) {
+        EXPECT_EQ(read(text), 1) << text;
+        EXPECT_EQ(body_.text, nullptr) << text;
+    }
+    EXPECT_THAT(errors_.errors, IsEmpty());
+}
+
+TEST_F(DecodeRendered, ReportsThatThereIsNoMemory)
+{
+    using kelmora_test::Failing;
+    namespace allocations = kelmora_test::allocations;
+    for (std::size_t n = 1;; ++n) {
+        errors_.errors.clear();
+        allocations::fail(n, Failing::from_then_on);
+        const int result = read(R"({"body": {"a": 1}})");
+        const bool reached = allocations::asked_for() >= n;
+        allocations::pass();
+        if (!reached) {
+            EXPECT_EQ(result, 1);
+            EXPECT_STREQ(body_.text, R"({"a": 1})");
+            EXPECT_GT(n, 3U);
+            break;
+        }
+        EXPECT_EQ(result, 0);
+        EXPECT_EQ(body_.text, nullptr);
+        EXPECT_THAT(errors_.errors, testing::AnyOf(ElementsAre(Error{"", "invalid json data", "json"}),
+                                                   ElementsAre(Error{"body", "out of memory", "json"})));
+    }
+}
+
 // ---- documents that are kept
 
 void read_kept(Decoder &in, std::uint32_t &record)

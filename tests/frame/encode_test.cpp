@@ -165,6 +165,44 @@ TEST_F(AlwaysArray, WritesAnArrayWhateverIsAskedFor)
     EXPECT_EQ(object(), all);
 }
 
+class HeadId : public EncodeTest {
+protected:
+    HeadId() : EncodeTest(to<Shape::walking | Shape::head_id>) {}
+};
+
+TEST_F(HeadId, WritesEveryNodeWithTheHeadsId)
+{
+    EXPECT_EQ(list(), R"([{"id": "a", "x": 1}, {"id": "a", "x": 2}, {"id": "a", "x": 3}])");
+    EXPECT_EQ(object(), R"({"id": "a", "x": 3})");
+}
+
+void write_chain(Encoder &out, const Point *first, const NodeId &id)
+{
+    out.text("id", id);
+    out.boolean("there", first != nullptr ? 1 : 0);
+}
+
+int to_of_pointers(kelmora_resource *head, char **out)
+{
+    return encode<write_chain>(head, out, Shape::walking, Flags::compact);
+}
+
+struct Link {
+    Link *next;
+};
+
+class RecordThatMayBeNull : public ToTest<kelmora_host::ChainRecord<Link>> {
+protected:
+    RecordThatMayBeNull() : ToTest(to_of_pointers) {}
+};
+
+TEST_F(RecordThatMayBeNull, IsHandedToTheWriterAsItIs)
+{
+    add("without");
+    add("with", {kelmora_host::make_chain<Link>({{}})});
+    EXPECT_EQ(list(), R"([{"id": "without", "there": false}, {"id": "with", "there": true}])");
+}
+
 class Pretty : public EncodeTest {
 protected:
     Pretty() : EncodeTest(to<Shape::counting, Flags::pretty>) {}

@@ -32,6 +32,24 @@ TEST(Encoder, StartsAsAnEmptyObject)
     EXPECT_EQ(rendered(out.take()), "{}");
 }
 
+TEST(ArrayEncoder, AddsToAnArrayThatIsThereAlready)
+{
+    json_t *array = json_loads("[1]", 0, nullptr);
+    ArrayEncoder list(json_incref(array));
+    list.integer(2);
+    json_decref(list.take());
+    EXPECT_EQ(rendered(array), "[1, 2]");
+}
+
+TEST(ArrayEncoder, CountsAsIncompleteWhenItAddsToNoArray)
+{
+    for (json_t *other : {static_cast<json_t *>(nullptr), json_null(), json_object()}) {
+        ArrayEncoder list(other);
+        list.integer(2);
+        EXPECT_EQ(list.take(), nullptr);
+    }
+}
+
 TEST(Encoder, AddsKeysInTheOrderOfTheCalls)
 {
     Encoder out;

@@ -96,6 +96,32 @@ TEST(Record, HoldsACopyOfTheStructItIsMadeOf)
     EXPECT_EQ(record.data(), &record.as<Plain>());
 }
 
+TEST(Record, OfNothingButAChainShowsItsFirstNode)
+{
+    Record record(ChainRecord<Rule>{make_chain<Rule>({{text_from_malloc("allow"), 10, nullptr}})});
+    EXPECT_STREQ(static_cast<Rule *>(record.data())->name, "allow");
+    EXPECT_EQ(record.data(), record.as<ChainRecord<Rule>>().first);
+    EXPECT_NE(Record(record).data(), record.data());
+    EXPECT_EQ(Record(ChainRecord<Rule>{nullptr}).data(), nullptr);
+}
+
+TEST(FreeLostTest, FreesWhatARecordNoLongerOwns)
+{
+    const std::size_t alive = allocations::alive();
+    {
+        Record record(two_groups());
+        Policy &policy = record.as<Policy>();
+        {
+            const FreeLost free_lost(record);
+            policy.comment = nullptr;       // one block
+            policy.groups->rules = nullptr; // two nodes with a text each
+        }
+        EXPECT_EQ(allocations::alive(), alive + blocks_of_two_groups - 5);
+        EXPECT_EQ(policy.groups->next->number, 2);
+    }
+    EXPECT_EQ(allocations::alive(), alive);
+}
+
 TEST(Record, FreesAllThatHangsOnItAtTheEndOfItsLife)
 {
     const std::size_t alive = allocations::alive();
