@@ -16,6 +16,7 @@ Gateway sample_gateway()
     add_device_accounts_samples(gateway);
     add_device_identity_samples(gateway);
     add_device_maintenance_samples(gateway);
+    add_pon_samples(gateway);
     add_wan_lan_lan_samples(gateway);
     add_wan_lan_wan_samples(gateway);
     add_wireless_samples(gateway);

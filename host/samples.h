@@ -9,6 +9,7 @@ namespace kelmora_host {
 void add_device_accounts_samples(Gateway &gateway);
 void add_device_identity_samples(Gateway &gateway);
 void add_device_maintenance_samples(Gateway &gateway);
+void add_pon_samples(Gateway &gateway);
 void add_wan_lan_lan_samples(Gateway &gateway);
 void add_wan_lan_wan_samples(Gateway &gateway);
 void add_wireless_samples(Gateway &gateway);

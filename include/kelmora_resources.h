@@ -51,17 +51,17 @@
     SERVED(32, wan_detect, wan_lan, both) \
     PENDING(33, iptables, firewall, both) \
     PENDING(34, mirroring, routing, both) \
-    PENDING(35, pon_stats, pon, to_only) \
-    PENDING(36, pon_settings, pon, both) \
-    PENDING(37, pon_nodes, pon, to_only) \
-    PENDING(38, pon_counters, pon, to_only) \
+    SERVED(35, pon_stats, pon, to_only) \
+    SERVED(36, pon_settings, pon, both) \
+    SERVED(37, pon_nodes, pon, to_only) \
+    SERVED(38, pon_counters, pon, to_only) \
     SERVED(39, syslog, device, both) \
-    PENDING(40, gpon_status, pon, to_only) \
-    PENDING(41, gem_port_stats, pon, to_only) \
-    PENDING(42, pon_status, pon, to_only) \
+    SERVED(40, gpon_status, pon, to_only) \
+    SERVED(41, gem_port_stats, pon, to_only) \
+    SERVED(42, pon_status, pon, to_only) \
     PENDING(43, http_request, diagnostics, both) \
     PENDING(44, loop_back_detect, routing, both) \
-    PENDING(45, epon_llid_status, pon, to_only) \
+    SERVED(45, epon_llid_status, pon, to_only) \
     PENDING(46, ipv6_radvd, ipv6, both) \
     SERVED(47, wan_lan_list, wan_lan, both) \
     SERVED(48, wan_service_type, wan_lan, both) \

@@ -1,0 +1,27 @@
+#include "frame/translator.h"
+#include "records/pon.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_pon_nodes &onu, const NodeId &id)
+{
+    out.text("id", id);
+    out.integer("ponOnuId", onu.ponOnuId);
+    out.text("model", onu.model);
+    out.integer("gpon_provisioning_state", onu.gpon_provisioning_state);
+}
+
+} // namespace
+
+int pon_nodes_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::counting, Flags::compact);
+}
+
+// read-only: there is nothing to write.
+int pon_nodes_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
+{
+    return 1;
+}
