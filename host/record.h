@@ -93,6 +93,12 @@ struct Free {
     }
 };
 
+/// Forgets what a record owns, without freeing it: for bytes that are no pointers.
+struct Forget {
+    template <class Node> void chain(Node *&first) { first = nullptr; }
+    void text(char *&text) { text = nullptr; }
+};
+
 /// A new chain of copies of these nodes, each a block from malloc. What the nodes own becomes the chain's.
 template <class Node> Node *make_chain(std::initializer_list<Node> nodes)
 {

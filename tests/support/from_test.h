@@ -159,12 +159,6 @@ private:
     std::string bytes_;
 };
 
-/// Forgets what a record owns, without freeing it: what stale bytes say is no pointer.
-struct Forget {
-    template <class Node> void chain(Node *&first) { first = nullptr; }
-    void text(char *&text) { text = nullptr; }
-};
-
 /// A record, and bytes behind it that nobody may write.
 template <class Type> struct Guarded {
     Type record;
@@ -200,7 +194,7 @@ protected:
     {
         free_what_it_owns();
         std::memset(node_.record().bytes(), stale, node_.record().size());
-        Forget forget;
+        kelmora_host::Forget forget;
         kelmora_host::Owned<Type>::visit(record(), forget);
     }
 
