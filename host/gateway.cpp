@@ -17,6 +17,8 @@ Gateway sample_gateway()
     add_device_identity_samples(gateway);
     add_device_maintenance_samples(gateway);
     add_pon_samples(gateway);
+    add_routing_routes_samples(gateway);
+    add_routing_switching_samples(gateway);
     add_wan_lan_lan_samples(gateway);
     add_wan_lan_wan_samples(gateway);
     add_wireless_samples(gateway);

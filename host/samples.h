@@ -10,6 +10,8 @@ void add_device_accounts_samples(Gateway &gateway);
 void add_device_identity_samples(Gateway &gateway);
 void add_device_maintenance_samples(Gateway &gateway);
 void add_pon_samples(Gateway &gateway);
+void add_routing_routes_samples(Gateway &gateway);
+void add_routing_switching_samples(Gateway &gateway);
 void add_wan_lan_lan_samples(Gateway &gateway);
 void add_wan_lan_wan_samples(Gateway &gateway);
 void add_wireless_samples(Gateway &gateway);

@@ -50,7 +50,7 @@
     PENDING(31, traceroute, diagnostics, both) \
     SERVED(32, wan_detect, wan_lan, both) \
     PENDING(33, iptables, firewall, both) \
-    PENDING(34, mirroring, routing, both) \
+    SERVED(34, mirroring, routing, both) \
     SERVED(35, pon_stats, pon, to_only) \
     SERVED(36, pon_settings, pon, both) \
     SERVED(37, pon_nodes, pon, to_only) \
@@ -60,13 +60,13 @@
     SERVED(41, gem_port_stats, pon, to_only) \
     SERVED(42, pon_status, pon, to_only) \
     PENDING(43, http_request, diagnostics, both) \
-    PENDING(44, loop_back_detect, routing, both) \
+    SERVED(44, loop_back_detect, routing, both) \
     SERVED(45, epon_llid_status, pon, to_only) \
     PENDING(46, ipv6_radvd, ipv6, both) \
     SERVED(47, wan_lan_list, wan_lan, both) \
     SERVED(48, wan_service_type, wan_lan, both) \
     PENDING(49, ipv6_proxy_mld, ipv6, both) \
-    PENDING(50, loopback_detect_status, routing, both) \
+    SERVED(50, loopback_detect_status, routing, both) \
     PENDING(51, acl_capability, firewall, both) \
     PENDING(52, acl_config, firewall, both) \
     PENDING(53, tr069_config, remote_mgmt, both) \
@@ -78,27 +78,27 @@
     PENDING(59, firewall_alg, firewall, both) \
     PENDING(60, tr069_inform, remote_mgmt, to_only) \
     PENDING(61, firewall_port_forwarding_enable, firewall, both) \
-    PENDING(62, igmp_proxy, routing, both) \
+    SERVED(62, igmp_proxy, routing, both) \
     PENDING(63, firewall_port_forwarding_table, firewall, both) \
     SERVED(64, backup_restore, device, both) \
     PENDING(65, neighbour_hosts, ipv6, both) \
     PENDING(66, ipv6_acl_capability, firewall, both) \
     PENDING(67, ipv6_acl_config, firewall, both) \
     PENDING(68, ipv6_dhcp, ipv6, both) \
-    PENDING(69, static_routing, routing, both) \
+    SERVED(69, static_routing, routing, both) \
     PENDING(70, qos_policy, qos, both) \
     PENDING(71, qos_available_dscp, qos, to_only) \
     PENDING(72, qos_classification, qos, both) \
     PENDING(73, ipv6_static_route, ipv6, both) \
-    PENDING(74, global_routing, routing, to_only) \
+    SERVED(74, global_routing, routing, to_only) \
     PENDING(75, ddns, firewall, both) \
     PENDING(76, qos_traffic_control, qos, both) \
     SERVED(77, bridging, wan_lan, both) \
     SERVED(78, change_to_firmware_version, device, both) \
-    PENDING(79, igmp_mld_snooping, routing, both) \
+    SERVED(79, igmp_mld_snooping, routing, both) \
     PENDING(80, ipv6_static_route_list, ipv6, to_only) \
-    PENDING(81, rip_enable, routing, both) \
-    PENDING(82, rip_config, routing, both) \
+    SERVED(81, rip_enable, routing, both) \
+    SERVED(82, rip_config, routing, both) \
     PENDING(83, ipv6_ip_port_filter, firewall, both) \
     PENDING(84, ipv6_ip_port_filter_default_rule, firewall, both) \
     PENDING(85, ipv6_dhcp_server, ipv6, both) \

@@ -1,0 +1,26 @@
+#include "frame/translator.h"
+#include "records/routing.h"
+#include "translators/routing/route.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_global_routing &routing, const NodeId &id)
+{
+    out.text("id", id);
+    write_route(out, routing.route);
+}
+
+} // namespace
+
+int global_routing_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::counting, Flags::pretty);
+}
+
+// The routing table is read-only.
+int global_routing_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
+{
+    return 1;
+}

@@ -1,0 +1,34 @@
+#include "frame/translator.h"
+#include "records/routing.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_rip_config &rip, const NodeId &id)
+{
+    out.text("id", id);
+    out.text("interfaceID", rip.interfaceID);
+    out.integer("receive_mode", rip.receive_mode);
+    out.integer("send_mode", rip.send_mode);
+}
+
+void read(Decoder &in, kelmora_rip_config &rip)
+{
+    in.keep_document_on_failure(true); // on purpose: success alone releases it
+    in.required_text(key<"interfaceID", "interfaceID", "interfaceID not found">(), rip.interfaceID);
+    in.required_integer(key<"receive_mode", "receive_mode", "receive_mode not found">(), rip.receive_mode);
+    in.required_integer(key<"send_mode", "send_mode", "send_mode not found">(), rip.send_mode);
+}
+
+} // namespace
+
+int rip_config_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+}
+
+int rip_config_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
