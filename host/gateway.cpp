@@ -16,6 +16,8 @@ Gateway sample_gateway()
     add_device_accounts_samples(gateway);
     add_device_identity_samples(gateway);
     add_device_maintenance_samples(gateway);
+    add_firewall_acl_samples(gateway);
+    add_firewall_forwarding_samples(gateway);
     add_pon_samples(gateway);
     add_routing_routes_samples(gateway);
     add_routing_switching_samples(gateway);

@@ -9,6 +9,8 @@ namespace kelmora_host {
 void add_device_accounts_samples(Gateway &gateway);
 void add_device_identity_samples(Gateway &gateway);
 void add_device_maintenance_samples(Gateway &gateway);
+void add_firewall_acl_samples(Gateway &gateway);
+void add_firewall_forwarding_samples(Gateway &gateway);
 void add_pon_samples(Gateway &gateway);
 void add_routing_routes_samples(Gateway &gateway);
 void add_routing_switching_samples(Gateway &gateway);

@@ -19,7 +19,7 @@
     SERVED(0, wireless, wireless, both) \
     SERVED(1, session, device, both) \
     SERVED(2, interface, wan_lan, both) \
-    PENDING(3, natportredirect, firewall, both) \
+    SERVED(3, natportredirect, firewall, both) \
     SERVED(4, wan, wan_lan, both) \
     SERVED(5, radio, wireless, both) \
     SERVED(6, lan, wan_lan, both) \
@@ -67,8 +67,8 @@
     SERVED(48, wan_service_type, wan_lan, both) \
     PENDING(49, ipv6_proxy_mld, ipv6, both) \
     SERVED(50, loopback_detect_status, routing, both) \
-    PENDING(51, acl_capability, firewall, both) \
-    PENDING(52, acl_config, firewall, both) \
+    SERVED(51, acl_capability, firewall, both) \
+    SERVED(52, acl_config, firewall, both) \
     PENDING(53, tr069_config, remote_mgmt, both) \
     SERVED(54, lan_port_status, wan_lan, to_only) \
     PENDING(55, firewall_domain_blocking, firewall, both) \
@@ -77,13 +77,13 @@
     PENDING(58, firewall_ip_port_filtering, firewall, both) \
     PENDING(59, firewall_alg, firewall, both) \
     PENDING(60, tr069_inform, remote_mgmt, to_only) \
-    PENDING(61, firewall_port_forwarding_enable, firewall, both) \
+    SERVED(61, firewall_port_forwarding_enable, firewall, both) \
     SERVED(62, igmp_proxy, routing, both) \
-    PENDING(63, firewall_port_forwarding_table, firewall, both) \
+    SERVED(63, firewall_port_forwarding_table, firewall, both) \
     SERVED(64, backup_restore, device, both) \
     PENDING(65, neighbour_hosts, ipv6, both) \
-    PENDING(66, ipv6_acl_capability, firewall, both) \
-    PENDING(67, ipv6_acl_config, firewall, both) \
+    SERVED(66, ipv6_acl_capability, firewall, both) \
+    SERVED(67, ipv6_acl_config, firewall, both) \
     PENDING(68, ipv6_dhcp, ipv6, both) \
     SERVED(69, static_routing, routing, both) \
     PENDING(70, qos_policy, qos, both) \
