@@ -10,12 +10,18 @@ void add_device_accounts_samples(Gateway &gateway);
 void add_device_identity_samples(Gateway &gateway);
 void add_device_maintenance_samples(Gateway &gateway);
 void add_firewall_acl_samples(Gateway &gateway);
+void add_firewall_blocking_samples(Gateway &gateway);
 void add_firewall_forwarding_samples(Gateway &gateway);
+void add_ipv6_dhcp_samples(Gateway &gateway);
+void add_ipv6_prefixes_samples(Gateway &gateway);
 void add_pon_samples(Gateway &gateway);
+void add_qos_classification_samples(Gateway &gateway);
+void add_qos_policy_samples(Gateway &gateway);
 void add_routing_routes_samples(Gateway &gateway);
 void add_routing_switching_samples(Gateway &gateway);
 void add_wan_lan_lan_samples(Gateway &gateway);
 void add_wan_lan_wan_samples(Gateway &gateway);
+void add_wireless_mesh_samples(Gateway &gateway);
 void add_wireless_samples(Gateway &gateway);
 
 } // namespace kelmora_host

@@ -124,6 +124,19 @@ KELMORA_JSON_API int kelmora_json_validate(struct json_t *root, const struct jso
 KELMORA_JSON_API struct json_t *get_json_obj(struct json_t *object, const char *key, const char *prefix,
                                              struct kelmora_errorlist *errors);
 
+/* ---- Output: mesh neighbours ----------------------------------------------------------------------------------- */
+
+struct kelmora_easymesh_neighbor;
+
+/*
+ * Appends one object for each node of a chain of mesh neighbours to a JSON array, each with the objects of the node's
+ * own neighbours in its "neighbors", to any depth.
+ * node:  the first node of the chain, never NULL; only read.
+ * array: the caller's, before and after; what it has already stays.
+ * Returns 0; -1 when a node is missing in it because memory ran out, or when it is no array at all.
+ */
+KELMORA_JSON_API int add_neighbors(const struct kelmora_easymesh_neighbor *node, struct json_t *array);
+
 /* ---- Translators ----------------------------------------------------------------------------------------------- */
 
 /*

@@ -38,10 +38,10 @@
     SERVED(19, connected_device, wan_lan, both) \
     SERVED(20, site_survey, wireless, to_only) \
     SERVED(21, system, device, both) \
-    PENDING(22, easymesh, wireless, both) \
+    SERVED(22, easymesh, wireless, both) \
     PENDING(23, ping, diagnostics, both) \
-    PENDING(24, qos, qos, both) \
-    PENDING(25, qos_rule, qos, both) \
+    SERVED(24, qos, qos, both) \
+    SERVED(25, qos_rule, qos, both) \
     PENDING(26, filter, firewall, both) \
     SERVED(27, limits, device, both) \
     SERVED(28, dhcp_static_lease, wan_lan, both) \
@@ -62,17 +62,17 @@
     PENDING(43, http_request, diagnostics, both) \
     SERVED(44, loop_back_detect, routing, both) \
     SERVED(45, epon_llid_status, pon, to_only) \
-    PENDING(46, ipv6_radvd, ipv6, both) \
+    SERVED(46, ipv6_radvd, ipv6, both) \
     SERVED(47, wan_lan_list, wan_lan, both) \
     SERVED(48, wan_service_type, wan_lan, both) \
-    PENDING(49, ipv6_proxy_mld, ipv6, both) \
+    SERVED(49, ipv6_proxy_mld, ipv6, both) \
     SERVED(50, loopback_detect_status, routing, both) \
     SERVED(51, acl_capability, firewall, both) \
     SERVED(52, acl_config, firewall, both) \
     PENDING(53, tr069_config, remote_mgmt, both) \
     SERVED(54, lan_port_status, wan_lan, to_only) \
-    PENDING(55, firewall_domain_blocking, firewall, both) \
-    PENDING(56, firewall_url_blocking, firewall, both) \
+    SERVED(55, firewall_domain_blocking, firewall, both) \
+    SERVED(56, firewall_url_blocking, firewall, both) \
     PENDING(57, firewall_mac_filtering, firewall, both) \
     PENDING(58, firewall_ip_port_filtering, firewall, both) \
     PENDING(59, firewall_alg, firewall, both) \
@@ -84,15 +84,15 @@
     PENDING(65, neighbour_hosts, ipv6, both) \
     SERVED(66, ipv6_acl_capability, firewall, both) \
     SERVED(67, ipv6_acl_config, firewall, both) \
-    PENDING(68, ipv6_dhcp, ipv6, both) \
+    SERVED(68, ipv6_dhcp, ipv6, both) \
     SERVED(69, static_routing, routing, both) \
-    PENDING(70, qos_policy, qos, both) \
-    PENDING(71, qos_available_dscp, qos, to_only) \
-    PENDING(72, qos_classification, qos, both) \
+    SERVED(70, qos_policy, qos, both) \
+    SERVED(71, qos_available_dscp, qos, to_only) \
+    SERVED(72, qos_classification, qos, both) \
     PENDING(73, ipv6_static_route, ipv6, both) \
     SERVED(74, global_routing, routing, to_only) \
     PENDING(75, ddns, firewall, both) \
-    PENDING(76, qos_traffic_control, qos, both) \
+    SERVED(76, qos_traffic_control, qos, both) \
     SERVED(77, bridging, wan_lan, both) \
     SERVED(78, change_to_firmware_version, device, both) \
     SERVED(79, igmp_mld_snooping, routing, both) \
@@ -101,15 +101,15 @@
     SERVED(82, rip_config, routing, both) \
     PENDING(83, ipv6_ip_port_filter, firewall, both) \
     PENDING(84, ipv6_ip_port_filter_default_rule, firewall, both) \
-    PENDING(85, ipv6_dhcp_server, ipv6, both) \
-    PENDING(86, ipv6_dhcp_relay, ipv6, both) \
-    PENDING(87, ipv6_dhcp_client, ipv6, to_only) \
+    SERVED(85, ipv6_dhcp_server, ipv6, both) \
+    SERVED(86, ipv6_dhcp_relay, ipv6, both) \
+    SERVED(87, ipv6_dhcp_client, ipv6, to_only) \
     SERVED(88, dhcp_client, wan_lan, to_only) \
     SERVED(89, automatic_maintenance, device, both) \
-    PENDING(90, parental_control, firewall, both) \
+    SERVED(90, parental_control, firewall, both) \
     SERVED(91, custom_default_config, device, both) \
-    PENDING(92, ipv6_prefix_delegation, ipv6, both) \
-    PENDING(93, wlan_access_control, wireless, both) \
+    SERVED(92, ipv6_prefix_delegation, ipv6, both) \
+    SERVED(93, wlan_access_control, wireless, both) \
     SERVED(94, limited_user_permissions, device, to_only) \
     PENDING(95, tr369_mqtt_client, remote_mgmt, both) \
     PENDING(96, tr369_local_agent_mtp, remote_mgmt, both) \

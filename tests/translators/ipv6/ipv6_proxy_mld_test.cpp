@@ -1,0 +1,183 @@
+#include "tests/support/from_test.h"
+#include "tests/support/to_test.h"
+
+#include "kelmora_json.h"
+#include "records/ipv6.h"
+
+namespace kelmora_test {
+
+namespace {
+
+constexpr kelmora_ipv6_proxy_mld sample{
+    .robust_count = 2,
+    .query_interval = 125,
+    .query_response_interval = 100,
+    .response_interval_of_last_group_member = 10,
+};
+
+constexpr char sample_text[] = R"({"id": "0", "query_interval": 125, "query_response_interval": 100, )"
+                               R"("response_interval_of_last_group_member": 10, "robust_count": 2})";
+
+constexpr char empty_text[] = R"({"id": "1", "query_interval": 0, "query_response_interval": 0, )"
+                              R"("response_interval_of_last_group_member": 0, "robust_count": 0})";
+
+class Ipv6ProxyMldTo : public ToTest<kelmora_ipv6_proxy_mld> {
+protected:
+    Ipv6ProxyMldTo() : ToTest(ipv6_proxy_mld_to_translator) {}
+};
+
+TEST_F(Ipv6ProxyMldTo, WritesTheKeysInOrder)
+{
+    add("0", sample);
+    EXPECT_EQ(object(), sample_text);
+    EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
+}
+
+TEST_F(Ipv6ProxyMldTo, WritesAsManyNodesAsTheHeadCounts)
+{
+    add("0", sample);
+    add("1");
+    const std::string first = sample_text;
+    EXPECT_EQ(list_counting(0), "[]");
+    EXPECT_EQ(object_counting(0), "{}");
+    EXPECT_EQ(list_counting(1), "[" + first + "]");
+    EXPECT_EQ(object_counting(1), first);
+    EXPECT_EQ(list(), "[" + first + ", " + empty_text + "]");
+    EXPECT_EQ(list_counting(5), "[" + first + ", " + empty_text + "]");
+    EXPECT_EQ(object_counting(4294967295), empty_text);
+}
+
+TEST_F(Ipv6ProxyMldTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
+{
+    add("1");
+    add("0", sample);
+    EXPECT_EQ(object(), sample_text);
+}
+
+TEST_F(Ipv6ProxyMldTo, WritesTheTimesAsUnsignedAndTheCountAsSigned)
+{
+    constexpr std::uint32_t most = 4294967295;
+    add("", {.robust_count = -1,
+             .query_interval = most,
+             .query_response_interval = most,
+             .response_interval_of_last_group_member = most});
+    EXPECT_EQ(object(), R"({"id": "", "query_interval": 4294967295, "query_response_interval": 4294967295, )"
+                        R"("response_interval_of_last_group_member": 4294967295, "robust_count": -1})");
+    add("", {.robust_count = -2147483647 - 1,
+             .query_interval = 2147483648,
+             .query_response_interval = 2147483648,
+             .response_interval_of_last_group_member = 2147483648});
+    EXPECT_EQ(object(), R"({"id": "", "query_interval": 2147483648, "query_response_interval": 2147483648, )"
+                        R"("response_interval_of_last_group_member": 2147483648, "robust_count": -2147483648})");
+}
+
+TEST_F(Ipv6ProxyMldTo, CutsTheIdToOneByteLessThanItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'n');
+    EXPECT_EQ(object(), R"({"id": ")" + std::string(128, 'n') +
+                            R"(", "query_interval": 125, "query_response_interval": 100, )"
+                            R"("response_interval_of_last_group_member": 10, "robust_count": 2})");
+}
+
+TEST_F(Ipv6ProxyMldTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), R"({"query_interval": 125, "query_response_interval": 100, )"
+                        R"("response_interval_of_last_group_member": 10, "robust_count": 2})");
+}
+
+TEST_F(Ipv6ProxyMldTo, SurvivesFailingMemory)
+{
+    add("0", sample);
+    add("1", sample);
+    fill_whole(nodes_.front().resource()->id, 'n'); // a text that must be cut takes an allocation of the library's own
+    expect_survives_failing_memory();
+}
+
+// The longest key first, and never read: it takes the one character that jansson may lose of a text when an allocation
+// fails, which would else make a key missing, and that keeps the document.
+constexpr char document[] = R"({
+    "never read, and longer than any key that is": 0,
+    "query_interval": 60, "query_response_interval": 50, "response_interval_of_last_group_member": 5,
+    "robust_count": 3, "id": "never read"
+})";
+
+/// A missing key leaves the document unreleased, success releases it.
+class Ipv6ProxyMldFrom : public FromTest<kelmora_ipv6_proxy_mld> {
+protected:
+    Ipv6ProxyMldFrom() : FromTest(ipv6_proxy_mld_from_translator, document) {}
+
+    testing::AssertionResult misses(const std::string &text, const std::string &key)
+    {
+        keeps_document_ = true;
+        const testing::AssertionResult result = rejects(text, key, key + " field not found");
+        keeps_document_ = false;
+        return result;
+    }
+};
+
+TEST_F(Ipv6ProxyMldFrom, StoresEveryKeyAndReleasesTheDocument)
+{
+    EXPECT_TRUE(accepts(document)); // which looks at the document as well
+    EXPECT_EQ(record().query_interval, 60U);
+    EXPECT_EQ(record().query_response_interval, 50U);
+    EXPECT_EQ(record().response_interval_of_last_group_member, 5U);
+    EXPECT_EQ(record().robust_count, 3);
+}
+
+TEST_F(Ipv6ProxyMldFrom, AsksForTheKeysInOrderAndKeepsTheDocumentThatLacksOne)
+{
+    const std::vector<std::string> keys = {"query_interval", "query_response_interval",
+                                           "response_interval_of_last_group_member", "robust_count"};
+    std::string rest = document;
+    for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
+        rest = without(rest, *key);
+        EXPECT_TRUE(misses(without(document, *key), *key));
+        EXPECT_TRUE(misses(rest, *key));
+    }
+    EXPECT_TRUE(misses("{}", "query_interval"));
+    EXPECT_TRUE(misses("[]", "query_interval"));
+    EXPECT_TRUE(misses("[" + std::string(document) + "]", "query_interval"));
+    EXPECT_TRUE(untouched(record()));
+}
+
+TEST_F(Ipv6ProxyMldFrom, StoresAllOrNothing)
+{
+    EXPECT_TRUE(misses(without(document, "robust_count"), "robust_count"));
+    EXPECT_TRUE(untouched(record()));
+    EXPECT_TRUE(misses(without(document, "query_response_interval"), "query_response_interval"));
+    EXPECT_TRUE(untouched(record()));
+}
+
+TEST_F(Ipv6ProxyMldFrom, CountsNullAsPresent)
+{
+    EXPECT_TRUE(accepts(R"({"query_interval": null, "query_response_interval": null,
+                            "response_interval_of_last_group_member": null, "robust_count": null})"));
+    EXPECT_EQ(record().query_interval, 0U);
+    EXPECT_EQ(record().query_response_interval, 0U);
+    EXPECT_EQ(record().response_interval_of_last_group_member, 0U);
+    EXPECT_EQ(record().robust_count, 0);
+}
+
+TEST_F(Ipv6ProxyMldFrom, CutsIntegersToTheirWidth)
+{
+    expect_integer("query_interval", record().query_interval);
+    expect_integer("query_response_interval", record().query_response_interval);
+    expect_integer("response_interval_of_last_group_member", record().response_interval_of_last_group_member);
+    expect_integer("robust_count", record().robust_count);
+}
+
+TEST_F(Ipv6ProxyMldFrom, StoresALargeCountAsNegative)
+{
+    EXPECT_TRUE(accepts(with(document, "robust_count", "4294967295")));
+    EXPECT_EQ(record().robust_count, -1);
+}
+
+TEST_F(Ipv6ProxyMldFrom, KeepsTheCommonContract) { expect_common_contract(); }
+
+TEST_F(Ipv6ProxyMldFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
+
+} // namespace
+
+} // namespace kelmora_test

@@ -1,0 +1,172 @@
+#include "tests/support/from_test.h"
+#include "tests/support/to_test.h"
+
+#include "kelmora_json.h"
+#include "records/qos.h"
+
+namespace kelmora_test {
+
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+
+constexpr kelmora_qos sample{.enabled = 1, .global_download = 250000, .global_upload = 40000};
+
+class QosTo : public ToTest<kelmora_qos> {
+protected:
+    QosTo() : ToTest(qos_to_translator) {}
+};
+
+TEST_F(QosTo, WritesSortedKeysIndentedAndEscaped)
+{
+    add("linie/süd", sample);
+    EXPECT_EQ(object(), "{\n"
+                        "                \"enabled\": true,\n"
+                        "                \"global_download\": 250000,\n"
+                        "                \"global_upload\": 40000,\n"
+                        "                \"id\": \"linie\\/s\\u00FCd\"\n"
+                        "}");
+}
+
+TEST_F(QosTo, WritesAListOfEntries)
+{
+    add("a", sample);
+    add("b");
+    EXPECT_EQ(list(), "[\n"
+                      "                {\n"
+                      "                                \"enabled\": true,\n"
+                      "                                \"global_download\": 250000,\n"
+                      "                                \"global_upload\": 40000,\n"
+                      "                                \"id\": \"a\"\n"
+                      "                },\n"
+                      "                {\n"
+                      "                                \"enabled\": false,\n"
+                      "                                \"global_download\": 0,\n"
+                      "                                \"global_upload\": 0,\n"
+                      "                                \"id\": \"b\"\n"
+                      "                }\n"
+                      "]");
+}
+
+TEST_F(QosTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
+{
+    add("0", sample);
+    EXPECT_EQ(list_counting(0), "[]");
+    EXPECT_EQ(object_counting(0), "[]");
+    EXPECT_EQ(allocations_, 0U);
+}
+
+TEST_F(QosTo, WalksAllNodesWhateverTheCountSays)
+{
+    add("a", sample);
+    add("b", sample);
+    add("c", sample);
+    const std::string all = list_counting(3);
+    EXPECT_THAT(all, AllOf(HasSubstr("\"id\": \"a\""), HasSubstr("\"id\": \"b\""), HasSubstr("\"id\": \"c\"")));
+    EXPECT_EQ(list_counting(1), all);
+    EXPECT_EQ(list_counting(4294967295), all);
+}
+
+TEST_F(QosTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
+{
+    add("a", sample);
+    add("b");
+    EXPECT_EQ(object_counting(1), "{\n"
+                                  "                \"enabled\": false,\n"
+                                  "                \"global_download\": 0,\n"
+                                  "                \"global_upload\": 0,\n"
+                                  "                \"id\": \"b\"\n"
+                                  "}");
+}
+
+TEST_F(QosTo, WritesRatesAsSigned)
+{
+    add("0", {.global_download = -1, .global_upload = -2147483648});
+    EXPECT_THAT(object(), AllOf(HasSubstr("\"global_download\": -1,"), HasSubstr("\"global_upload\": -2147483648,")));
+}
+
+TEST_F(QosTo, WritesAnySwitchButZeroAsTrue) { expect_switches({{"enabled", &kelmora_qos::enabled}}); }
+
+TEST_F(QosTo, CutsTheIdToOneByteLessThanItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'n');
+    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + '"'));
+}
+
+TEST_F(QosTo, LeavesOutAnIdWhoseCutSplitsACharacter)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'n');
+    nodes_.front().resource()->id[127] = '\xC3'; // the first byte of a two-byte character: the last that is written
+    nodes_.front().resource()->id[128] = '\xA4';
+    EXPECT_EQ(object(), "{\n"
+                        "                \"enabled\": true,\n"
+                        "                \"global_download\": 250000,\n"
+                        "                \"global_upload\": 40000\n"
+                        "}");
+}
+
+TEST_F(QosTo, SurvivesFailingMemory)
+{
+    add("a", sample);
+    add("b", sample);
+    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
+    expect_survives_failing_memory();
+}
+
+constexpr char document[] = R"({
+    "enabled": true, "global_download": 100000, "global_upload": -5, "id": "never read", "download": 7, "upload": 8
+})";
+
+class QosFrom : public FromTest<kelmora_qos> {
+protected:
+    QosFrom() : FromTest(qos_from_translator, document) {}
+};
+
+TEST_F(QosFrom, StoresEveryKey)
+{
+    EXPECT_TRUE(accepts(document));
+    EXPECT_EQ(record().enabled, 1);
+    EXPECT_EQ(record().global_download, 100000);
+    EXPECT_EQ(record().global_upload, -5);
+}
+
+TEST_F(QosFrom, AsksForTheRequiredKeysInOrderAndNamesTheRatesByTheirShortNames)
+{
+    expect_required_in_order({
+        {"enabled", "enabled", "enabled field not found"},
+        {"global_download", "download", "download field not found"},
+        {"global_upload", "upload", "upload field not found"},
+    });
+}
+
+TEST_F(QosFrom, MissingKeysKeepWhatWasStoredBefore)
+{
+    EXPECT_TRUE(rejects(without(document, "enabled"), "enabled", "enabled field not found"));
+    EXPECT_TRUE(untouched(record()));
+    EXPECT_TRUE(rejects(without(document, "global_download"), "download", "download field not found"));
+    EXPECT_EQ(record().enabled, 1);
+    EXPECT_TRUE(untouched(record().global_download));
+    EXPECT_TRUE(untouched(record().global_upload));
+    EXPECT_TRUE(rejects(without(document, "global_upload"), "upload", "upload field not found"));
+    EXPECT_EQ(record().global_download, 100000);
+    EXPECT_TRUE(untouched(record().global_upload));
+}
+
+TEST_F(QosFrom, TakesOnlyTrueForTrue) { expect_boolean("enabled", record().enabled); }
+
+TEST_F(QosFrom, CutsIntegersToTheirWidth)
+{
+    expect_integer("global_download", record().global_download);
+    expect_integer("global_upload", record().global_upload);
+}
+
+TEST_F(QosFrom, KeepsTheCommonContract) { expect_common_contract(); }
+
+TEST_F(QosFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
+
+} // namespace
+
+} // namespace kelmora_test
