@@ -44,13 +44,13 @@ char *Decoder::rendered(const char *field)
         return nullptr;
     char *text = json_dumps(value_, 0);
     const std::size_t size = text != nullptr ? std::strlen(text) + 1 : 0;
-    // A copy of our own: the host frees it, and jansson's memory may come from elsewhere than malloc.
+    // A copy, as the host frees it with free: jansson's memory may be larger, or come from elsewhere than malloc.
     auto *copy = text != nullptr ? static_cast<char *>(std::malloc(size)) : nullptr;
     if (copy != nullptr)
         std::memcpy(copy, text, size);
-    else
-        fail(field, "out of memory");
     std::free(text);
+    if (copy == nullptr)
+        fail(field, "out of memory");
     return copy;
 }
 

@@ -116,7 +116,7 @@ public:
     }
 
     /// A member of any type; false as a condition when it is absent.
-    [[nodiscard]] Decoder optional(const char *name) { return {*call_, find(name)}; }
+    [[nodiscard]] Decoder optional(const char *name) const { return {*call_, find(name)}; }
 
     /// A member's elements; an absent member or one that is no array has none.
     [[nodiscard]] Elements optional_array(const char *name);

@@ -16,14 +16,18 @@ Gateway sample_gateway()
     add_device_accounts_samples(gateway);
     add_device_identity_samples(gateway);
     add_device_maintenance_samples(gateway);
+    add_diagnostics_samples(gateway);
     add_firewall_acl_samples(gateway);
     add_firewall_blocking_samples(gateway);
     add_firewall_forwarding_samples(gateway);
     add_ipv6_dhcp_samples(gateway);
     add_ipv6_prefixes_samples(gateway);
+    add_ipv6_routes_samples(gateway);
     add_pon_samples(gateway);
     add_qos_classification_samples(gateway);
     add_qos_policy_samples(gateway);
+    add_remote_mgmt_tr069_samples(gateway);
+    add_remote_mgmt_tr369_samples(gateway);
     add_routing_routes_samples(gateway);
     add_routing_switching_samples(gateway);
     add_wan_lan_lan_samples(gateway);

@@ -8,6 +8,7 @@
 #include <memory>
 #include <new>
 #include <set>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -92,6 +93,15 @@ struct Free {
         text = nullptr;
     }
 };
+
+/// A copy of a text, a block from malloc.
+inline char *make_text(std::string_view text)
+{
+    auto *copy = static_cast<char *>(Duplicate::allocate(text.size() + 1));
+    text.copy(copy, text.size());
+    copy[text.size()] = '\0';
+    return copy;
+}
 
 /// Forgets what a record owns, without freeing it: for bytes that are no pointers.
 struct Forget {

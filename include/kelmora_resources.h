@@ -39,7 +39,7 @@
     SERVED(20, site_survey, wireless, to_only) \
     SERVED(21, system, device, both) \
     SERVED(22, easymesh, wireless, both) \
-    PENDING(23, ping, diagnostics, both) \
+    SERVED(23, ping, diagnostics, both) \
     SERVED(24, qos, qos, both) \
     SERVED(25, qos_rule, qos, both) \
     PENDING(26, filter, firewall, both) \
@@ -47,7 +47,7 @@
     SERVED(28, dhcp_static_lease, wan_lan, both) \
     SERVED(29, daily_reboot, device, both) \
     SERVED(30, datetime, device, both) \
-    PENDING(31, traceroute, diagnostics, both) \
+    SERVED(31, traceroute, diagnostics, both) \
     SERVED(32, wan_detect, wan_lan, both) \
     PENDING(33, iptables, firewall, both) \
     SERVED(34, mirroring, routing, both) \
@@ -59,7 +59,7 @@
     SERVED(40, gpon_status, pon, to_only) \
     SERVED(41, gem_port_stats, pon, to_only) \
     SERVED(42, pon_status, pon, to_only) \
-    PENDING(43, http_request, diagnostics, both) \
+    SERVED(43, http_request, diagnostics, both) \
     SERVED(44, loop_back_detect, routing, both) \
     SERVED(45, epon_llid_status, pon, to_only) \
     SERVED(46, ipv6_radvd, ipv6, both) \
@@ -69,19 +69,19 @@
     SERVED(50, loopback_detect_status, routing, both) \
     SERVED(51, acl_capability, firewall, both) \
     SERVED(52, acl_config, firewall, both) \
-    PENDING(53, tr069_config, remote_mgmt, both) \
+    SERVED(53, tr069_config, remote_mgmt, both) \
     SERVED(54, lan_port_status, wan_lan, to_only) \
     SERVED(55, firewall_domain_blocking, firewall, both) \
     SERVED(56, firewall_url_blocking, firewall, both) \
     PENDING(57, firewall_mac_filtering, firewall, both) \
     PENDING(58, firewall_ip_port_filtering, firewall, both) \
     PENDING(59, firewall_alg, firewall, both) \
-    PENDING(60, tr069_inform, remote_mgmt, to_only) \
+    SERVED(60, tr069_inform, remote_mgmt, to_only) \
     SERVED(61, firewall_port_forwarding_enable, firewall, both) \
     SERVED(62, igmp_proxy, routing, both) \
     SERVED(63, firewall_port_forwarding_table, firewall, both) \
     SERVED(64, backup_restore, device, both) \
-    PENDING(65, neighbour_hosts, ipv6, both) \
+    SERVED(65, neighbour_hosts, ipv6, both) \
     SERVED(66, ipv6_acl_capability, firewall, both) \
     SERVED(67, ipv6_acl_config, firewall, both) \
     SERVED(68, ipv6_dhcp, ipv6, both) \
@@ -89,14 +89,14 @@
     SERVED(70, qos_policy, qos, both) \
     SERVED(71, qos_available_dscp, qos, to_only) \
     SERVED(72, qos_classification, qos, both) \
-    PENDING(73, ipv6_static_route, ipv6, both) \
+    SERVED(73, ipv6_static_route, ipv6, both) \
     SERVED(74, global_routing, routing, to_only) \
     PENDING(75, ddns, firewall, both) \
     SERVED(76, qos_traffic_control, qos, both) \
     SERVED(77, bridging, wan_lan, both) \
     SERVED(78, change_to_firmware_version, device, both) \
     SERVED(79, igmp_mld_snooping, routing, both) \
-    PENDING(80, ipv6_static_route_list, ipv6, to_only) \
+    SERVED(80, ipv6_static_route_list, ipv6, to_only) \
     SERVED(81, rip_enable, routing, both) \
     SERVED(82, rip_config, routing, both) \
     PENDING(83, ipv6_ip_port_filter, firewall, both) \
@@ -111,9 +111,9 @@
     SERVED(92, ipv6_prefix_delegation, ipv6, both) \
     SERVED(93, wlan_access_control, wireless, both) \
     SERVED(94, limited_user_permissions, device, to_only) \
-    PENDING(95, tr369_mqtt_client, remote_mgmt, both) \
-    PENDING(96, tr369_local_agent_mtp, remote_mgmt, both) \
-    PENDING(97, tr369_local_agent_controller, remote_mgmt, both)
+    SERVED(95, tr369_mqtt_client, remote_mgmt, both) \
+    SERVED(96, tr369_local_agent_mtp, remote_mgmt, both) \
+    SERVED(97, tr369_local_agent_controller, remote_mgmt, both)
 /* clang-format on */
 
 /* How many resources there are; their numbers are 0 to one less. */

@@ -44,20 +44,12 @@ constexpr kelmora_qos_policy policy{
     .totalbandwidth = 250000,
 };
 
-/// A text that the chain's entry can own.
-char *owned(std::string_view text)
-{
-    auto *copy = static_cast<char *>(Duplicate::allocate(text.size() + 1));
-    copy[text.copy(copy, text.size())] = '\0';
-    return copy;
-}
-
 ChainRecord<kelmora_qos_available_dscp> available_dscp()
 {
     return {make_chain<kelmora_qos_available_dscp>({
-        {.id = 0, .dscp = owned("default (CS0)"), .next = nullptr},
-        {.id = 34, .dscp = owned("AF41"), .next = nullptr},
-        {.id = 46, .dscp = owned("EF"), .next = nullptr},
+        {.id = 0, .dscp = make_text("default (CS0)"), .next = nullptr},
+        {.id = 34, .dscp = make_text("AF41"), .next = nullptr},
+        {.id = 46, .dscp = make_text("EF"), .next = nullptr},
     })};
 }
 

@@ -59,17 +59,11 @@ namespace {
 
 namespace allocations = kelmora_test::allocations;
 
-char *text_from_malloc(const char *text)
-{
-    const std::size_t size = std::strlen(text) + 1;
-    return static_cast<char *>(std::memcpy(std::malloc(size), text, size));
-}
-
 /// Two groups: number 1 of the rules "allow" (10) and "deny" (20), number 2 of none.
 Policy two_groups()
 {
-    Rule *rules = make_chain<Rule>({{text_from_malloc("allow"), 10, nullptr}, {text_from_malloc("deny"), 20, nullptr}});
-    return {7, text_from_malloc("at night"), make_chain<Group>({{1, rules, nullptr}, {2, nullptr, nullptr}})};
+    Rule *rules = make_chain<Rule>({{make_text("allow"), 10, nullptr}, {make_text("deny"), 20, nullptr}});
+    return {7, make_text("at night"), make_chain<Group>({{1, rules, nullptr}, {2, nullptr, nullptr}})};
 }
 
 constexpr std::size_t blocks_of_two_groups = 7;
@@ -98,7 +92,7 @@ TEST(Record, HoldsACopyOfTheStructItIsMadeOf)
 
 TEST(Record, OfNothingButAChainShowsItsFirstNode)
 {
-    Record record(ChainRecord<Rule>{make_chain<Rule>({{text_from_malloc("allow"), 10, nullptr}})});
+    Record record(ChainRecord<Rule>{make_chain<Rule>({{make_text("allow"), 10, nullptr}})});
     EXPECT_STREQ(static_cast<Rule *>(record.data())->name, "allow");
     EXPECT_EQ(record.data(), record.as<ChainRecord<Rule>>().first);
     EXPECT_NE(Record(record).data(), record.data());
@@ -214,7 +208,7 @@ TEST(Record, FreesWhatItHeldWhenAnotherIsAssigned)
 {
     const std::size_t alive = allocations::alive();
     {
-        const Record source(Policy{8, text_from_malloc("by day"), nullptr});
+        const Record source(Policy{8, make_text("by day"), nullptr});
         Record target(two_groups());
         target = source;
         EXPECT_STREQ(target.as<Policy>().comment, "by day");

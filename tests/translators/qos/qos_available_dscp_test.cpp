@@ -12,23 +12,17 @@ using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
+using kelmora_host::make_text;
+
 using Entry = kelmora_qos_available_dscp;
 using Entries = kelmora_host::ChainRecord<Entry>;
-
-/// A text that an entry can own.
-char *owned(std::string_view text)
-{
-    auto *copy = static_cast<char *>(kelmora_host::Duplicate::allocate(text.size() + 1));
-    copy[text.copy(copy, text.size())] = '\0';
-    return copy;
-}
 
 /// A new record each time, as each node owns its chain.
 Entries sample()
 {
     return {kelmora_host::make_chain<Entry>({
-        {.id = 0, .dscp = owned("standard / für alle")},
-        {.id = 46, .dscp = owned("EF")},
+        {.id = 0, .dscp = make_text("standard / für alle")},
+        {.id = 46, .dscp = make_text("EF")},
     })};
 }
 
@@ -79,7 +73,7 @@ TEST_F(QosAvailableDscpTo, WritesAListOfEntriesWithTheirOwnChainsAndIds)
 {
     add("a", sample());
     add("b");
-    add("c", {kelmora_host::make_chain<Entry>({{.id = 10, .dscp = owned("AF11")}})});
+    add("c", {kelmora_host::make_chain<Entry>({{.id = 10, .dscp = make_text("AF11")}})});
     EXPECT_EQ(list(), "[\n"
                       "                {\n"
                       "                                \"id\": \"a\",\n"
@@ -140,27 +134,28 @@ TEST_F(QosAvailableDscpTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
 
 TEST_F(QosAvailableDscpTo, WritesTheEntrysNumberAsUnsigned)
 {
-    add_entry(4294967295, owned("EF"));
+    add_entry(4294967295, make_text("EF"));
     EXPECT_THAT(object(), HasSubstr("\"id\": 4294967295\n"));
 }
 
 TEST_F(QosAvailableDscpTo, WritesAWholeTextHoweverLongItIs)
 {
     const std::string dscp(5000, 'd');
-    add_entry(1, owned(dscp));
+    add_entry(1, make_text(dscp));
     EXPECT_THAT(object(), HasSubstr("\"dscp\": \"" + dscp + "\",\n"));
     EXPECT_EQ(reallocations_, 1U);
 }
 
 TEST_F(QosAvailableDscpTo, WritesAnEmptyText)
 {
-    add_entry(1, owned(""));
+    add_entry(1, make_text(""));
     EXPECT_THAT(object(), HasSubstr("\"dscp\": \"\",\n"));
 }
 
 TEST_F(QosAvailableDscpTo, KeepsTheEntryWhoseTextCannotBeWritten)
 {
-    add("dscp", {kelmora_host::make_chain<Entry>({{.id = 1, .dscp = owned("caf\xE9")}, {.id = 2, .dscp = nullptr}})});
+    add("dscp",
+        {kelmora_host::make_chain<Entry>({{.id = 1, .dscp = make_text("caf\xE9")}, {.id = 2, .dscp = nullptr}})});
     EXPECT_EQ(object(), "{\n"
                         "                \"id\": \"dscp\",\n"
                         "                \"qos_available_dscp\": [\n"
@@ -178,7 +173,7 @@ TEST_F(QosAvailableDscpTo, WritesAllEntriesInTheirOrder)
 {
     Entries &entries = add("dscp");
     for (std::uint32_t id = 64; id > 0; --id) {
-        Entry *entry = kelmora_host::make_chain<Entry>({{.id = id, .dscp = owned("code")}});
+        Entry *entry = kelmora_host::make_chain<Entry>({{.id = id, .dscp = make_text("code")}});
         entry->next = entries.first;
         entries.first = entry;
     }
@@ -209,7 +204,7 @@ TEST_F(QosAvailableDscpTo, SurvivesFailingMemory)
 
 TEST_F(QosAvailableDscpTo, SurvivesFailingMemoryWithATextThatNeedsALargerBuffer)
 {
-    add_entry(1, owned(std::string(4096, 'd')));
+    add_entry(1, make_text(std::string(4096, 'd')));
     expect_survives_failing_memory();
 }
 

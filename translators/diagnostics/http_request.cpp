@@ -1,0 +1,45 @@
+#include "frame/translator.h"
+#include "records/diagnostics.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_http_request &request, const NodeId &id)
+{
+    out.text("id", id);
+    out.text("dest", request.dest);
+    out.boolean("mesh_session", request.mesh_session);
+    out.integer("method", request.method);
+    out.integer("timeout", request.timeout);
+    out.text("token", request.token);
+    out.integer("status", request.status);
+    out.whole_text("body", request.body != nullptr ? request.body : ""); // as a text, on purpose: not parsed
+}
+
+void read(Decoder &in, kelmora_http_request &request)
+{
+    in.required_text("dest"_key, request.dest);
+    if (!in.ok())
+        return;
+    request.mesh_session = in.optional("mesh_session").is_true() ? 1 : 0; // cleared when absent, on purpose
+    in.required_integer("method"_key, request.method);
+    in.optional_text("token", request.token);
+    in.optional_integer("timeout", request.timeout);
+    if (request.mesh_session != 0)
+        return; // a request inside a mesh session keeps the body it had, on purpose
+    if (char *body = in.optional("body").rendered("body"))
+        request.body = body; // the text before it is the host's: not freed, on purpose
+}
+
+} // namespace
+
+int http_request_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking | Shape::head_id, Flags::compact);
+}
+
+int http_request_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}

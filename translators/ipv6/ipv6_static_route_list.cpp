@@ -1,0 +1,38 @@
+#include "frame/translator.h"
+#include "records/ipv6.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_ipv6_static_route_list &routes, const NodeId &id)
+{
+    out.text("id", id);
+    out.array("ipv6_static_route_list", [&](ArrayEncoder &list) {
+        for (const auto &route : chain(routes.ipv6_static_route_list)) {
+            list.object([&](Encoder &entry) {
+                entry.text("destination", route.destination);
+                entry.text("next_hop", route.next_hop);
+                entry.text("flags", route.flags);
+                entry.integer("metric", route.metric);
+                entry.integer("ref", route.ref);
+                entry.integer("use", route.use);
+                entry.text("interfaceID", route.interfaceID);
+            });
+        }
+    });
+}
+
+} // namespace
+
+int ipv6_static_route_list_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+}
+
+// The routing table is the system's: read-only.
+int ipv6_static_route_list_from_translator(kelmora_resource * /*node*/, const char * /*text*/,
+                                           kelmora_errorlist * /*errors*/)
+{
+    return 1;
+}

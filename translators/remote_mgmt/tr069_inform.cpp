@@ -1,0 +1,26 @@
+#include "frame/translator.h"
+#include "records/remote_mgmt.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_tr069_inform &inform, const NodeId &id)
+{
+    out.text("id", id);
+    out.integer("status", inform.status);
+    out.whole_text("cause", inform.cause);
+}
+
+} // namespace
+
+int tr069_inform_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking, Flags::compact);
+}
+
+// A report is read-only.
+int tr069_inform_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
+{
+    return 1;
+}

@@ -1,0 +1,48 @@
+#include "frame/translator.h"
+#include "records/remote_mgmt.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_tr369_local_agent_mtp &mtp, const NodeId &id)
+{
+    out.boolean("enabled", mtp.enabled); // in front of the id on purpose
+    out.text("id", id);
+    out.integer("protocol", mtp.protocol);
+    out.object("mqtt_config", [&](Encoder &mqtt) {
+        if (mtp.protocol != KELMORA_TR369_MTP_MQTT)
+            return; // empty, but there, on purpose
+        mqtt.text("reference", mtp.reference);
+        mqtt.text("reference_topic", mtp.reference_topic);
+        mqtt.integer("qos", mtp.qos);
+    });
+}
+
+void read(Decoder &in, kelmora_tr369_local_agent_mtp &mtp)
+{
+    in.keep_document_on_success(); // on purpose: success alone leaves it unreleased
+    in.required_boolean("enabled"_key, mtp.enabled);
+    in.required_integer("protocol"_key, mtp.protocol);
+    if (!in.ok() || mtp.protocol != KELMORA_TR369_MTP_MQTT)
+        return;
+    Decoder mqtt = in.required("mqtt_config"_key);
+    mqtt.required_text(key<"reference", "mqtt_config.reference", "mqtt_config.reference field not found">(),
+                       mtp.reference);
+    mqtt.required_text(
+        key<"reference_topic", "mqtt_config.reference_topic", "mqtt_config.reference_topic field not found">(),
+        mtp.reference_topic);
+    mqtt.required_integer(key<"qos", "mqtt_config.qos", "mqtt_config.qos field not found">(), mtp.qos);
+}
+
+} // namespace
+
+int tr369_local_agent_mtp_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::counting, Flags::compact);
+}
+
+int tr369_local_agent_mtp_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
