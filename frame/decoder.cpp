@@ -44,7 +44,7 @@ char *Decoder::rendered(const char *field)
         return nullptr;
     char *text = json_dumps(value_, 0);
     const std::size_t size = text != nullptr ? std::strlen(text) + 1 : 0;
-    // A copy, as the host frees it with free: jansson's memory may be larger, or come from elsewhere than malloc.
+    // A copy of our own: a block from malloc of just this size, whatever jansson allocates.
     auto *copy = text != nullptr ? static_cast<char *>(std::malloc(size)) : nullptr;
     if (copy != nullptr)
         std::memcpy(copy, text, size);

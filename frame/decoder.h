@@ -195,7 +195,7 @@ template <class Record> Record &record_of(kelmora_resource *node)
 /// Reads a document; `into` is the node, or a record that was fetched already.
 using Read = void (*)(Decoder &in, void *into);
 
-/// A from-translator. An empty text succeeds at once. Returns 1, or 0 after one error.
+/// A from-translator. An empty text succeeds at once. Returns 1, or 0 after a failure.
 int decode(void *into, const char *text, kelmora_errorlist *errors, Read read);
 
 /// The same, which does not read at all before the document has this key.

@@ -31,9 +31,9 @@ template <class T> Record make(unsigned char byte)
 Record make(const Resource &resource, unsigned char byte)
 {
     using Make = Record (*)(unsigned char);
-#define SERVED(number, name, group, directions) &make<Kept<kelmora_##name>::Type>,
-    static constexpr std::array<Make, KELMORA_RESOURCE_COUNT> makers{KELMORA_RESOURCES(SERVED, SERVED)};
-#undef SERVED
+#define ROW(number, name, group, directions) &make<Kept<kelmora_##name>::Type>,
+    static constexpr std::array<Make, KELMORA_RESOURCE_COUNT> makers{KELMORA_RESOURCES(ROW)};
+#undef ROW
     return makers[static_cast<std::size_t>(resource.number)](byte);
 }
 

@@ -26,7 +26,7 @@ constexpr const char *footer = R"(Examples:
 
 Exit status:
   0  done
-  1  the document was rejected, or the resource is not supported yet
+  1  the document was rejected, or a record could not be written
   2  the command line is wrong: no such resource, record, command or option
   3  reserved
   4  the environment fails: the plug-in does not load, a file cannot be read,
@@ -130,9 +130,9 @@ Status run_set(const Arguments &given, std::ostream &out, std::ostream &err)
         err << set_warning(resource);
     if (given.json)
         out << outcome_as_json(outcome) << "\n";
-    else if (!outcome.accepted)
+    else
         err << errors_as_lines(outcome, input.name);
-    else if (!outcome.record.empty())
+    if (!given.json && !outcome.record.empty())
         out << outcome.record << "\n";
     return outcome.accepted ? Status::done : Status::rejected;
 }

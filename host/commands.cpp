@@ -46,14 +46,12 @@ std::vector<Resource> registered(std::string_view group)
 
 std::string totals(const std::vector<Resource> &rows, std::string_view group, std::string_view plugin_version)
 {
-    const auto served = std::ranges::count(rows, true, &Resource::served);
     std::ostringstream line;
     line << rows.size() << (rows.size() == 1 ? " pair" : " pairs") << (group.empty() ? "" : " of the group ") << group
          << " registered by libkelmora_json " << plugin_version;
     if (!rows.empty())
         line << ", numbers " << rows.front().number << " to " << rows.back().number;
-    line << "; " << served << " served, " << static_cast<std::ptrdiff_t>(rows.size()) - served
-         << " not supported yet\n";
+    line << "\n";
     return line.str();
 }
 
@@ -142,9 +140,6 @@ const Resource &resource_named(std::string_view name)
 
 std::vector<Node> select_nodes(Gateway &gateway, const Resource &resource, const std::optional<std::string> &id)
 {
-    if (!resource.served)
-        return {empty_node(id.value_or(""))};
-
     const std::vector<Node> &all = gateway.nodes(resource.name);
     if (!id)
         return all;
@@ -167,16 +162,14 @@ Node select_node(Gateway &gateway, const Resource &resource, const std::optional
 std::string list_as_table(std::string_view group, std::string_view plugin_version)
 {
     std::ostringstream table;
-    const auto row = [&table](auto number, std::string_view name, std::string_view directions, std::string_view in,
-                              std::string_view state) {
+    const auto row = [&table](auto number, std::string_view name, std::string_view directions, std::string_view in) {
         table << std::setw(6) << number << "  " << std::left << std::setw(32) << name << "  " << std::setw(10)
-              << directions << "  " << std::setw(11) << in << "  " << state << std::right << "\n";
+              << directions << "  " << in << std::right << "\n";
     };
-    row("NUMBER", "RESOURCE", "DIRECTIONS", "GROUP", "STATE");
+    row("NUMBER", "RESOURCE", "DIRECTIONS", "GROUP");
     const std::vector<Resource> rows = registered(group);
     for (const Resource &resource : rows)
-        row(resource.number, resource.name, text_of(resource.directions), resource.group,
-            resource.served ? "served" : "not supported yet");
+        row(resource.number, resource.name, text_of(resource.directions), resource.group);
     return table.str() + totals(rows, group, plugin_version);
 }
 
@@ -189,7 +182,6 @@ std::string list_as_json(std::string_view group)
         json_object_set_new(object.get(), "resource", json_text(resource.name));
         json_object_set_new(object.get(), "directions", json_text(text_of(resource.directions)));
         json_object_set_new(object.get(), "group", json_text(resource.group));
-        json_object_set_new(object.get(), "served", json_boolean(resource.served));
         json_array_append_new(list.get(), object.release());
     }
     return to_text(list);
@@ -201,9 +193,7 @@ std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_lis
     const ReadAnswer answer = read(translators_of(resource).to, nodes, as_list, raw ? raw_size : 0);
     if (answer.result == 1)
         return raw ? hexadecimal(answer.text) : answer.text;
-    throw Failure(Status::rejected,
-                  std::string(resource.name) + (resource.served ? ": the plug-in could not write it, out of memory"
-                                                                : ": not supported by this plug-in yet"));
+    throw Failure(Status::rejected, std::string(resource.name) + ": the plug-in could not write it, out of memory");
 }
 
 std::string show_warning(const Resource &resource)
@@ -224,17 +214,17 @@ Outcome set(const Resource &resource, Node &node, const std::string &text)
         return refused(nul->what, Fault{nul->line, nul->column, ""});
 
     const WriteAnswer answer = write(translators_of(resource).from, node, text);
-    if (answer.result == 1) {
+    Outcome outcome{answer.result == 1, "", {}, raw};
+    if (outcome.accepted) {
         std::vector<Node> nodes{node};
-        return {true, show(resource, nodes, false), {}, raw};
+        outcome.record = show(resource, nodes, false);
     }
-    Outcome outcome{false, "", {}};
     for (const Error &error : answer.errors) {
         // The plug-in says that a text does not parse, but not why.
         const bool unparsed = error.field.empty() && error.message == "invalid json data";
         outcome.errors.push_back({error, unparsed ? find_parse_fault(text) : std::nullopt});
     }
-    if (outcome.errors.empty())
+    if (!outcome.accepted && outcome.errors.empty())
         return refused("rejected without an error", std::nullopt);
     return outcome;
 }
@@ -257,7 +247,9 @@ std::string errors_as_lines(const Outcome &outcome, std::string_view input_name)
 {
     std::string lines;
     for (const DocumentError &error : outcome.errors)
-        lines += error_line(about(error, input_name), message(error)) + "\n";
+        lines += (outcome.accepted ? warning_line(message(error), about(error, input_name))
+                                   : error_line(about(error, input_name), message(error))) +
+                 "\n";
     return lines;
 }
 
@@ -270,7 +262,8 @@ std::string outcome_as_json(const Outcome &outcome)
         if (record == nullptr)
             throw Failure(Status::rejected, "what the plug-in wrote is no JSON: " + outcome.record);
         json_object_set_new(object.get(), "record", record);
-    } else {
+    }
+    if (!outcome.accepted || !outcome.errors.empty()) {
         json_t *errors = json_array();
         json_object_set_new(object.get(), "errors", errors);
         for (const DocumentError &error : outcome.errors)

@@ -19,7 +19,7 @@ namespace kelmora_host {
 const Resource &resource_named(std::string_view name);
 
 /// Copies of the gateway's nodes of a resource: all, or the one of an id. Throws Failure (usage) when there is none of
-/// that id. A resource that is not served yet has one node of an empty record, whatever the id.
+/// that id.
 std::vector<Node> select_nodes(Gateway &gateway, const Resource &resource, const std::optional<std::string> &id);
 
 /// A copy of one node: the one of an id, or the first. Throws Failure (usage) when there is none.
@@ -51,7 +51,7 @@ struct DocumentError {
 struct Outcome {
     bool accepted;
     std::string record;                ///< the record read back; empty when it cannot be read or was not accepted
-    std::vector<DocumentError> errors; ///< why it was not accepted
+    std::vector<DocumentError> errors; ///< why it was not accepted, or what the plug-in reports although it was
     bool raw = false;                  ///< the record is a raw resource's, and no JSON
 };
 
@@ -62,7 +62,8 @@ Outcome set(const Resource &resource, Node &node, const std::string &text);
 /// The line that says what an accepted document did not do, where the resource goes one way only; else empty.
 std::string set_warning(const Resource &resource);
 
-/// The errors as lines for people, each with its end. input_name: what the document is called.
+/// The errors as lines for people, each with its end; as warnings when the document was accepted. input_name: what the
+/// document is called.
 std::string errors_as_lines(const Outcome &outcome, std::string_view input_name);
 
 /// The outcome as a JSON object, in which a raw resource's record is a string. Throws Failure (rejected) when the

@@ -16,8 +16,8 @@ enum class Status { done = 0, rejected = 1, usage = 2, environment = 4 };
 /// "ABOUT: error: MESSAGE". about: the file concerned, with the place in it when that is known, or the program.
 std::string error_line(std::string_view about, std::string_view message);
 
-/// "kelmora-host: warning: MESSAGE".
-std::string warning_line(std::string_view message);
+/// "ABOUT: warning: MESSAGE", with the same.
+std::string warning_line(std::string_view message, std::string_view about = program_name);
 
 /// Why a command came to nothing, and how the program ends then; what() is the line for the user.
 class Failure : public std::runtime_error {

@@ -19,7 +19,9 @@ Gateway sample_gateway()
     add_diagnostics_samples(gateway);
     add_firewall_acl_samples(gateway);
     add_firewall_blocking_samples(gateway);
+    add_firewall_filters_samples(gateway);
     add_firewall_forwarding_samples(gateway);
+    add_firewall_rules_samples(gateway);
     add_ipv6_dhcp_samples(gateway);
     add_ipv6_prefixes_samples(gateway);
     add_ipv6_routes_samples(gateway);

@@ -6,11 +6,9 @@ namespace kelmora_host {
 
 const std::array<Resource, KELMORA_RESOURCE_COUNT> &resources()
 {
-#define SERVED(number, name, group, directions) Resource{number, #name, #group, Directions::directions, true},
-#define PENDING(number, name, group, directions) Resource{number, #name, #group, Directions::directions, false},
-    static constexpr std::array<Resource, KELMORA_RESOURCE_COUNT> table{{KELMORA_RESOURCES(SERVED, PENDING)}};
-#undef SERVED
-#undef PENDING
+#define ROW(number, name, group, directions) Resource{number, #name, #group, Directions::directions},
+    static constexpr std::array<Resource, KELMORA_RESOURCE_COUNT> table{{KELMORA_RESOURCES(ROW)}};
+#undef ROW
     return table;
 }
 

@@ -21,7 +21,6 @@ struct Resource {
     std::string_view name;
     std::string_view group;
     Directions directions;
-    bool served; ///< false: the plug-in answers "not supported"
 };
 
 /// All resources, by number.

@@ -44,7 +44,9 @@ struct kelmora_wlan_access_control;
  * Fills the record of `node` from JSON text.
  * text: NUL-terminated; an empty text changes nothing and succeeds. upgrade_by_file and backup_restore take a block of
  *       8 bytes of any value in its place.
- * Returns 1 for success; 0 after appending at most one error to `errors`. What was stored before stays stored.
+ * Returns 1 for success; 0 after appending at most one error of its own to `errors`. What was stored before stays
+ * stored. tr369_local_agent_controller also appends one for each MTP of an unknown protocol, and goes on: its result may
+ * be 1 all the same.
  */
 typedef int (*kelmora_from_translator)(struct kelmora_resource *node, const char *text,
                                        struct kelmora_errorlist *errors);
@@ -53,8 +55,7 @@ typedef int (*kelmora_from_translator)(struct kelmora_resource *node, const char
  * Writes the records of the list that starts at `head` as one NUL-terminated JSON text into *out.
  * out: the host's buffer from malloc, at least 4096 bytes; enlarged with realloc when the text needs more.
  *      backup_restore writes a block of 8 bytes into it, and no NUL behind them.
- * Returns 1 for success; 0 when memory ran out or the resource is not served yet: the text is then the empty document,
- * "[]" or "{}".
+ * Returns 1 for success; 0 when memory ran out: the text is then the empty document, "[]" or "{}".
  */
 typedef int (*kelmora_to_translator)(struct kelmora_resource *head, char **out);
 

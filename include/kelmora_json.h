@@ -140,7 +140,7 @@ KELMORA_JSON_API int add_neighbors(const struct kelmora_easymesh_neighbor *node,
 /* ---- Translators ----------------------------------------------------------------------------------------------- */
 
 /*
- * For each served resource X:
+ * For each resource X:
  *     int X_to_translator(struct kelmora_resource *head, char **out)
  *     int X_from_translator(struct kelmora_resource *node, const char *text, struct kelmora_errorlist *errors)
  * with the contracts of kelmora_to_translator and kelmora_from_translator. Where the resource has one direction only,
@@ -150,12 +150,10 @@ KELMORA_JSON_API int add_neighbors(const struct kelmora_easymesh_neighbor *node,
     KELMORA_JSON_API int name##_to_translator(struct kelmora_resource *head, char **out);                              \
     KELMORA_JSON_API int name##_from_translator(struct kelmora_resource *node, const char *text,                       \
                                                 struct kelmora_errorlist *errors);
-#define KELMORA_JSON_DECLARE_NOTHING(number, name, group, directions)
 
-KELMORA_RESOURCES(KELMORA_JSON_DECLARE_PAIR, KELMORA_JSON_DECLARE_NOTHING)
+KELMORA_RESOURCES(KELMORA_JSON_DECLARE_PAIR)
 
 #undef KELMORA_JSON_DECLARE_PAIR
-#undef KELMORA_JSON_DECLARE_NOTHING
 
 #ifdef __cplusplus
 }

@@ -23,7 +23,7 @@ struct kelmora_ping {
     char interfaceID[20];        /* interface to send from */
 };
 
-/* A hop of a traceroute, found by three probes: a single block from malloc. */
+/* A hop of a traceroute, found by three probes. */
 struct kelmora_traceroute_hop {
     int32_t hop;                         /* its number */
     char domain[256];                    /* name of the router that answered */

@@ -86,7 +86,7 @@ struct kelmora_ipv6_dhcp_relay {
 struct kelmora_ipv6_dhcp_client {
     char ip_address[46]; /* address leased to it */
     char duid[128];      /* its DUID */
-    uint32_t aging_time; /* what is left of the lease, in the host's unit */
+    uint32_t aging_time; /* age of the lease, in the host's unit */
 };
 
 /* ---- Routes and neighbours */
@@ -100,7 +100,7 @@ struct kelmora_ipv6_static_route {
     char interface[20];   /* outgoing interface */
 };
 
-/* A route of the routing table: a single block from malloc. */
+/* A route of the routing table. */
 struct kelmora_ipv6_static_route_list_entry {
     char destination[46];                              /* destination prefix */
     char next_hop[46];                                 /* gateway */

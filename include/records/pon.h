@@ -9,7 +9,7 @@ struct kelmora_pon_settings {
     char mode[5];                   /* PON mode, as text */
     char oam_model_id[5];           /* OAM: model identifier */
     char oam_vendor_id[17];         /* OAM: vendor identifier */
-    char onu_id_mac[13];            /* OAM: MAC address that identifies the unit, twelve characters */
+    char onu_id_mac[13];            /* OAM: MAC address that identifies the unit, twelve characters at most */
     char oam_hardware_version[32];  /* OAM: hardware version */
     char omci_model_id[64];         /* OMCI: model identifier */
     char omci_vendor_id[5];         /* OMCI: vendor identifier */
@@ -36,7 +36,7 @@ struct kelmora_pon_nodes {
     uint8_t gpon_provisioning_state; /* provisioning state code */
 };
 
-/* Counters of the link since it came up. */
+/* Counters of the link. */
 struct kelmora_pon_counters {
     uint32_t tx_bytes;             /* bytes sent */
     uint32_t rx_bytes;             /* bytes received */

@@ -33,16 +33,14 @@ TEST_F(Init, RegistersTheNumbers0To97InOrder)
         EXPECT_EQ(log_[static_cast<std::size_t>(number)].number, number);
 }
 
-TEST_F(Init, RegistersThePairOfEachServedResourceFromBeforeTo)
+TEST_F(Init, RegistersThePairOfEachResourceFromBeforeTo)
 {
     kelmora_json_init();
 #define EXPECT_PAIR(number, name, group, directions)                                                                   \
     EXPECT_EQ(log_[number].from, name##_from_translator) << #name;                                                     \
     EXPECT_EQ(log_[number].to, name##_to_translator) << #name;
-#define EXPECT_NOTHING(number, name, group, directions)
-    KELMORA_RESOURCES(EXPECT_PAIR, EXPECT_NOTHING)
+    KELMORA_RESOURCES(EXPECT_PAIR)
 #undef EXPECT_PAIR
-#undef EXPECT_NOTHING
     EXPECT_EQ(log_[0].from, wireless_from_translator);
     EXPECT_EQ(log_[0].to, wireless_to_translator);
     EXPECT_EQ(log_[5].from, radio_from_translator);
@@ -69,29 +67,6 @@ TEST_F(Init, RegistersTheSamePairsWhenCalledAgain)
         EXPECT_EQ(log_[98 + i].from, first[i].from);
         EXPECT_EQ(log_[98 + i].to, first[i].to);
     }
-}
-
-TEST_F(Init, AnswersNotSupportedForEveryResourceWithoutAUnit)
-{
-    kelmora_json_init();
-    std::size_t pending = 0;
-    for (const Resource &resource : resources()) {
-        if (resource.served)
-            continue;
-        ++pending;
-        std::vector<Node> nodes{Node("id", Record(0))};
-        const Registration *pair = Registry::instance().find(resource.number);
-        const WriteAnswer written = write(pair->from, nodes.front(), "{}");
-        EXPECT_EQ(written.result, 0);
-        EXPECT_THAT(written.errors, testing::ElementsAre(Error{"", "not supported", "json"}));
-        const ReadAnswer list = read(pair->to, nodes, true);
-        EXPECT_EQ(list.result, 0);
-        EXPECT_EQ(list.text, "[]");
-        const ReadAnswer object = read(pair->to, nodes, false);
-        EXPECT_EQ(object.result, 0);
-        EXPECT_EQ(object.text, "{}");
-    }
-    EXPECT_LT(pending, 98U);
 }
 
 TEST(Version, IsOneConstant)

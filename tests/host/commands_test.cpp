@@ -9,7 +9,6 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sstream>
 #include <string>
 
 namespace kelmora_host {
@@ -18,7 +17,6 @@ namespace {
 
 using namespace std::string_literals;
 using ::testing::ElementsAre;
-using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
@@ -40,11 +38,11 @@ struct Door {
     int locked;
 };
 
-constexpr Resource door{200, "door", "house", Directions::both, true};
-constexpr Resource bell{201, "bell", "house", Directions::from_only, true};
-constexpr Resource window{202, "window", "house", Directions::to_only, true};
-constexpr Resource stubborn{203, "stubborn", "house", Directions::both, true};
-constexpr Resource future{204, "future", "house", Directions::both, false};
+constexpr Resource door{200, "door", "house", Directions::both};
+constexpr Resource bell{201, "bell", "house", Directions::from_only};
+constexpr Resource window{202, "window", "house", Directions::to_only};
+constexpr Resource stubborn{203, "stubborn", "house", Directions::both};
+constexpr Resource lenient{204, "lenient", "house", Directions::both};
 
 int door_to(kelmora_resource *head, char **out)
 {
@@ -82,6 +80,12 @@ int silently_failing_from(kelmora_resource * /*node*/, const char * /*text*/, ke
     return 0;
 }
 
+int lenient_from(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist *errors)
+{
+    kelmora_errorlist_add_error(errors, "colour", "no such colour", "door");
+    return 1;
+}
+
 int no_json_to(kelmora_resource * /*head*/, char **out)
 {
     std::memcpy(*out, "locked", 7);
@@ -98,7 +102,7 @@ protected:
         kelmora_set_translators(bell.number, door_from, nothing_to);
         kelmora_set_translators(window.number, nothing_from, door_to);
         kelmora_set_translators(stubborn.number, silently_failing_from, failing_to);
-        kelmora_set_translators(future.number, silently_failing_from, failing_to);
+        kelmora_set_translators(lenient.number, lenient_from, door_to);
         gateway.add("door", "front", Door{0});
         gateway.add("door", "back", Door{1});
     }
@@ -165,12 +169,6 @@ TEST_F(Commands, SelectNothingWhereThereIsNoRecord)
               StatusAndLine(Status::usage, "kelmora-host: error: window: the sample gateway has no record of it"));
 }
 
-TEST_F(Commands, SelectAnEmptyRecordOfAResourceThatIsNotServed)
-{
-    EXPECT_EQ(select_node(gateway, future, std::nullopt).id(), "");
-    EXPECT_EQ(select_node(gateway, future, "first").id(), "first");
-}
-
 TEST_F(Commands, SelectCopiesOfTheGatewaysRecords)
 {
     std::vector<Node> nodes = select_nodes(gateway, door, std::nullopt);
@@ -184,23 +182,10 @@ TEST_F(Commands, ListTheResourcesOfAGroupAsATable)
     for (const int number : {1, 20, 5, 2}) // radio and site_survey, and two of other groups
         kelmora_set_translators(number, nothing_from, nothing_to);
     EXPECT_EQ(list_as_table("wireless", "9.8.7"),
-              "NUMBER  RESOURCE                          DIRECTIONS  GROUP        STATE\n"
-              "     5  radio                             both        wireless     served\n"
-              "    20  site_survey                       to only     wireless     served\n"
-              "2 pairs of the group wireless registered by libkelmora_json 9.8.7, numbers 5 to 20; 2 served, 0 not "
-              "supported yet\n");
-}
-
-TEST_F(Commands, TellServedResourcesFromOthersInTheTable)
-{
-    const std::string table = list_as_table("", "9.8.7");
-    std::istringstream lines(table);
-    std::string line;
-    std::getline(lines, line);
-    for (const Resource &resource : resources()) {
-        ASSERT_TRUE(std::getline(lines, line));
-        EXPECT_THAT(line, EndsWith(resource.served ? "  served" : "  not supported yet"));
-    }
+              "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
+              "     5  radio                             both        wireless\n"
+              "    20  site_survey                       to only     wireless\n"
+              "2 pairs of the group wireless registered by libkelmora_json 9.8.7, numbers 5 to 20\n");
 }
 
 TEST_F(Commands, ListAllResourcesInTheOrderOfTheirNumbers)
@@ -209,29 +194,28 @@ TEST_F(Commands, ListAllResourcesInTheOrderOfTheirNumbers)
     EXPECT_EQ(std::ranges::count(table, '\n'), 1 + 98 + 1);
     EXPECT_THAT(table, HasSubstr("\n     0  wireless  "));
     EXPECT_LT(table.find("\n     5  radio  "), table.find("\n    20  site_survey  "));
-    EXPECT_THAT(table, HasSubstr("\n98 pairs registered by libkelmora_json 9.8.7, numbers 0 to 97; "));
+    EXPECT_THAT(table, HasSubstr("\n98 pairs registered by libkelmora_json 9.8.7, numbers 0 to 97\n"));
 }
 
 TEST_F(Commands, ListOnlyWhatIsRegistered)
 {
     Registry::instance().clear();
     kelmora_set_translators(20, nothing_from, nothing_to);
-    EXPECT_EQ(list_as_table("", "9.8.7"),
-              "NUMBER  RESOURCE                          DIRECTIONS  GROUP        STATE\n"
-              "    20  site_survey                       to only     wireless     served\n"
-              "1 pair registered by libkelmora_json 9.8.7, numbers 20 to 20; 1 served, 0 not supported yet\n");
+    EXPECT_EQ(list_as_table("", "9.8.7"), "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
+                                          "    20  site_survey                       to only     wireless\n"
+                                          "1 pair registered by libkelmora_json 9.8.7, numbers 20 to 20\n");
     EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"to only\", "
-                                "\"group\": \"wireless\", \"served\": true}]");
+                                "\"group\": \"wireless\"}]");
     EXPECT_EQ(list_as_json("device"), "[]");
     EXPECT_THAT(list_as_table("device", "9.8.7"),
-                HasSubstr("\n0 pairs of the group device registered by libkelmora_json 9.8.7; 0 served, 0 not"));
+                HasSubstr("\n0 pairs of the group device registered by libkelmora_json 9.8.7\n"));
 }
 
 TEST_F(Commands, ListTheDirectionsOfEachResourceAsJson)
 {
     const std::string list = list_as_json("");
     EXPECT_THAT(list, HasSubstr("{\"number\": 1, \"resource\": \"session\", \"directions\": \"both\", "
-                                "\"group\": \"device\", \"served\": "));
+                                "\"group\": \"device\"}"));
     EXPECT_THAT(list, HasSubstr("\"resource\": \"telnet\", \"directions\": \"from only\", \"group\": \"device\""));
     EXPECT_THAT(list, HasSubstr("\"resource\": \"status\", \"directions\": \"to only\", \"group\": \"device\""));
 }
@@ -270,8 +254,6 @@ TEST_F(Commands, FailToShowWhatThePlugInFailsToWrite)
     EXPECT_EQ(failure_of([&] { (void)show(stubborn, nodes, true); }),
               StatusAndLine(Status::rejected,
                             "kelmora-host: error: stubborn: the plug-in could not write it, out of memory"));
-    EXPECT_EQ(failure_of([&] { (void)show(future, nodes, true); }),
-              StatusAndLine(Status::rejected, "kelmora-host: error: future: not supported by this plug-in yet"));
 }
 
 TEST_F(Commands, FailWithoutTranslators)
@@ -377,10 +359,20 @@ TEST_F(Commands, RejectAnotherNumberOfBytesThanARawResourceHasWithoutAskingThePl
 
 TEST_F(Commands, ReportARejectionThatComesWithoutAnError)
 {
-    const Outcome outcome = set(future, front, "");
+    const Outcome outcome = set(stubborn, front, "");
     EXPECT_FALSE(outcome.accepted);
     EXPECT_THAT(outcome.errors,
                 ElementsAre(DocumentError{{"", "rejected without an error", "kelmora-host"}, std::nullopt}));
+}
+
+TEST_F(Commands, PassOnTheErrorsOfADocumentThatIsAcceptedAllTheSame)
+{
+    const Outcome outcome = set(lenient, front, "lock");
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(errors_as_lines(outcome, "file"), "file: warning: no such colour (field \"colour\", source \"door\")\n");
+    EXPECT_EQ(outcome_as_json(outcome),
+              R"({"accepted": true, "record": {"locked": 0}, )"
+              R"("errors": [{"field": "colour", "message": "no such colour", "source": "door"}]})");
 }
 
 TEST_F(Commands, WarnThatAReadOnlyRecordStaysAsItWas)

@@ -105,7 +105,6 @@ TEST(Resources, AreFoundByName)
     EXPECT_EQ(radio->number, 5);
     EXPECT_EQ(radio->group, "wireless");
     EXPECT_EQ(radio->directions, Directions::both);
-    EXPECT_TRUE(radio->served);
 }
 
 TEST(Resources, KnowWhichWaysTheyGo)

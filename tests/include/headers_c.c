@@ -3,11 +3,11 @@
 
 /* The rows' positions: a row's number is the position that it stands at. */
 #define POSITION(number, name, group, directions) position_##name,
-enum { KELMORA_RESOURCES(POSITION, POSITION) positions };
+enum { KELMORA_RESOURCES(POSITION) positions };
 
 #define AT_ITS_POSITION(number, name, group, directions)                                                               \
     typedef char name##_is_at_its_position[(number) == position_##name ? 1 : -1];
-KELMORA_RESOURCES(AT_ITS_POSITION, AT_ITS_POSITION)
+KELMORA_RESOURCES(AT_ITS_POSITION)
 
 typedef char every_row_is_counted[KELMORA_RESOURCE_COUNT == positions ? 1 : -1];
 
@@ -17,9 +17,8 @@ struct pair {
 };
 
 #define PAIR(number, name, group, directions) {name##_to_translator, name##_from_translator},
-#define NOTHING(number, name, group, directions)
 extern const struct pair pairs[];
-const struct pair pairs[] = {KELMORA_RESOURCES(PAIR, NOTHING)};
+const struct pair pairs[] = {KELMORA_RESOURCES(PAIR)};
 
 typedef int (*check)(struct json_t *, const struct json_t *, const char *, struct kelmora_errorlist *);
 extern const check checks[];

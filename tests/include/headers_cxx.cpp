@@ -23,10 +23,9 @@ static_assert(KELMORA_JSON_STRING == 0 && KELMORA_JSON_INTEGER == 1 && KELMORA_J
 static_assert(std::is_trivial<kelmora_resource>::value && std::is_standard_layout<kelmora_resource>::value, "");
 static_assert(std::is_trivial<kelmora_radio>::value && std::is_standard_layout<kelmora_radio>::value, "");
 
-#define SERVED(number, name, group, directions)                                                                        \
+#define ROW(number, name, group, directions)                                                                           \
     static_assert(std::is_same<decltype(name##_to_translator), decltype(radio_to_translator)>::value, #name);
-#define PENDING(number, name, group, directions) static_assert((number) < KELMORA_RESOURCE_COUNT, #name);
-KELMORA_RESOURCES(SERVED, PENDING)
+KELMORA_RESOURCES(ROW)
 
 kelmora_radio *radio_of(kelmora_resource *node);
 kelmora_radio *radio_of(kelmora_resource *node)

@@ -108,7 +108,10 @@ testing::AssertionResult FromTestBase::rejects(const std::string &text, const st
 void FromTestBase::expect_common_contract()
 {
     make_stale();
-    const auto expect_untouched = [this, before = image()] { EXPECT_EQ(image(), before) << "the record was written"; };
+    const auto expect_untouched = [this, before = image()] {
+        EXPECT_EQ(image(), before) << "the record was written";
+        EXPECT_EQ(fetches_, fetches_without_document_) << "the record was fetched";
+    };
     EXPECT_TRUE(accepts(""));
     expect_untouched();
     for (const char *broken : {"{", "}", "nonsense", " ", "{\"a\": 1,}", "{} {}", "\"text\"", "1", "true", "null",

@@ -45,7 +45,7 @@ void read(Decoder &in, kelmora_qos_policy &policy)
     in.required_boolean("enable"_key, policy.enable);
     in.required_integer("queue_mode"_key, policy.queue_mode);
     const Elements queues = in.required_array("queue_config"_key);
-    for (std::size_t i = 0; i < std::size(policy.queue_config) && in.ok(); ++i) {
+    for (std::size_t i = 0; i < std::size(policy.queue_config) && in.ok(); ++i) { // more are ignored, on purpose
         auto &queue = policy.queue_config[i];
         Decoder entry = queues[i];
         const Decoder enable = entry.required(queue_key<"enable">());

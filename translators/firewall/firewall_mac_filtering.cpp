@@ -1,0 +1,53 @@
+#include "frame/translator.h"
+#include "records/firewall.h"
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_firewall_mac_filtering &filter, const NodeId &id)
+{
+    out.text("id", id);
+    out.integer("incoming_default_act", filter.incoming_default_act);
+    out.integer("outgoing_default_act", filter.outgoing_default_act);
+    out.array("entry", [&](ArrayEncoder &list) {
+        for (const auto &rule : chain(filter.entry)) {
+            list.object([&](Encoder &entry) {
+                entry.integer("direction", rule.direction);
+                entry.text("source_mac", rule.source_mac);
+                entry.text("destination_mac", rule.destination_mac);
+                entry.integer("rule_action", rule.rule_action);
+            });
+        }
+    });
+}
+
+void read(Decoder &in, kelmora_firewall_mac_filtering &filter)
+{
+    in.required_integer("incoming_default_act"_bare_key, filter.incoming_default_act);
+    in.required_integer("outgoing_default_act"_bare_key, filter.outgoing_default_act);
+    ChainBuilder<kelmora_firewall_mac_filtering_entry> builder(filter.entry);
+    for (Decoder entry : in.required_array("entry"_bare_key)) {
+        auto *rule = builder.add(in, "entry");
+        if (rule == nullptr)
+            return;
+        in.keep_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
+        entry.required_integer(key<"direction", "entry.direction", "field not found">(), rule->direction);
+        entry.optional_text("source_mac", rule->source_mac);
+        entry.optional_text("destination_mac", rule->destination_mac);
+        entry.required_integer(key<"rule_action", "entry.rule_action", "field not found">(), rule->rule_action);
+        in.keep_document_on_failure(false);
+    }
+}
+
+} // namespace
+
+int firewall_mac_filtering_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::counting, Flags::compact);
+}
+
+int firewall_mac_filtering_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}

@@ -1,0 +1,72 @@
+#include "frame/translator.h"
+#include "records/firewall.h"
+
+#include <cstdint>
+
+using namespace kelmora;
+
+namespace {
+
+void write(Encoder &out, const kelmora_iptables &rule, const NodeId &id)
+{
+    out.text("id", id);
+    out.integer("ip_protocol", rule.ip_protocol);
+    out.integer("position", rule.position);
+    out.integer("chain", rule.chain);
+    out.integer("protocol", rule.protocol);
+    out.object("source", [&](Encoder &end) {
+        end.text("ip", rule.source_ip);
+        end.text("mac", rule.source_mac);
+        end.text("interface", rule.source_interface);
+        end.integer("port", rule.source_port);
+    });
+    out.object("destination", [&](Encoder &end) {
+        end.text("ip", rule.destination_ip);
+        end.text("mac", rule.destination_mac);
+        end.text("interface", rule.destination_interface);
+        end.integer("port", rule.destination_port);
+    });
+    out.text("url", rule.url);
+    out.integer("policy", rule.policy);
+}
+
+/// Reads one end of the traffic. On purpose, an address that is there empties the MAC address, and a MAC address the
+/// interface, unless the document has these as well: each text is ended by one more NUL behind its field.
+void read_end(Decoder end, char (&ip)[46], char (&mac)[18], char (&interface)[6], std::int32_t &port)
+{
+    if (const Decoder text = end.optional("ip")) {
+        text.store_text(ip);
+        mac[0] = '\0';
+    }
+    if (const Decoder text = end.optional("mac")) {
+        text.store_text(mac);
+        interface[0] = '\0';
+    }
+    end.optional_text("interface", interface);
+    end.optional_integer("port", port);
+}
+
+void read(Decoder &in, kelmora_iptables &rule)
+{
+    in.required_integer("chain"_key, rule.chain);
+    in.required_integer("policy"_key, rule.policy);
+    in.optional_integer("ip_protocol", rule.ip_protocol);
+    in.optional_integer("position", rule.position);
+    in.optional_integer("protocol", rule.protocol);
+    read_end(in.optional("source"), rule.source_ip, rule.source_mac, rule.source_interface, rule.source_port);
+    read_end(in.optional("destination"), rule.destination_ip, rule.destination_mac, rule.destination_interface,
+             rule.destination_port);
+    in.optional_text("url", rule.url);
+}
+
+} // namespace
+
+int iptables_to_translator(kelmora_resource *head, char **out)
+{
+    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+}
+
+int iptables_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    return decode<read>(node, text, errors);
+}
