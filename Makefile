@@ -3,7 +3,7 @@
 RELEASE = build/release
 SOURCES = $(shell git ls-files '*.h' '*.c' '*.cpp')
 
-.PHONY: all help demo check test mips debug asan tsan lint format install dependencies clean
+.PHONY: all help demo check test soak mips debug asan tsan lint format install dependencies clean
 .DEFAULT_GOAL := all
 
 all: ## the release library, build/release/libkelmora_json.so.1.3.0
@@ -22,6 +22,9 @@ check: dependencies ## everything that must hold: all tests on x86-64, with sani
 test: ## the quick inner loop: the tests on x86-64
 	@sh scripts/build.sh release
 	@ctest --preset release
+
+soak: ## CALLS (1000000) random reads and writes, with documents kept as by contract, then with none kept
+	@sh scripts/soak.sh $(or $(CALLS),1000000)
 
 mips: ## the target's library, host and tests, in build/mips
 	@sh scripts/build-mips-sysroot.sh

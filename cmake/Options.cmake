@@ -4,6 +4,7 @@ option(KELMORA_RELEASE_ALL "Release every parsed document, also on the paths tha
 set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
 set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
+option(KELMORA_BUILD_FUZZERS "Build the fuzzers, and everything else ready for them; with clang" OFF)
 option(KELMORA_BUILD_HOST "Build kelmora-host, the development host, where its dependencies are" ON)
 option(KELMORA_BUILD_TESTS "Build the tests, which need the development host, where their dependencies are" ON)
 
@@ -35,6 +36,9 @@ if(NOT KELMORA_SANITIZE STREQUAL "")
     set(sanitize -fsanitize=${KELMORA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_compile_options(kelmora_options INTERFACE ${sanitize})
     target_link_options(kelmora_options INTERFACE ${sanitize})
+endif()
+if(KELMORA_BUILD_FUZZERS)
+    target_compile_options(kelmora_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # What goes into the plug-in: small, hidden, without any run-time support of the compiler's or the C++ library's.

@@ -38,10 +38,41 @@ void Decoder::fail(const char *field, const char *message, const char *source)
     kelmora_errorlist_add_error(call_->errors, field, message, source);
 }
 
+namespace {
+
+/// jansson renders by recursion, with more than thrice the stack a level that parsing takes: up to here rendering needs
+/// no more than parsing the deepest document.
+constexpr std::size_t deepest_rendered = 512;
+
+/// How deep the objects and arrays of a JSON text are nested.
+std::size_t nesting_of(const char *json)
+{
+    std::size_t depth = 0;
+    std::size_t deepest = 0;
+    bool quoted = false;
+    for (; *json != '\0'; ++json) {
+        if (*json == '"')
+            quoted = !quoted;
+        else if (quoted && *json == '\\')
+            ++json; // what is escaped ends no text
+        else if (!quoted && (*json == '{' || *json == '['))
+            deepest = ++depth > deepest ? depth : deepest;
+        else if (!quoted && (*json == '}' || *json == ']'))
+            --depth;
+    }
+    return deepest;
+}
+
+} // namespace
+
 char *Decoder::rendered(const char *field)
 {
     if (!ok() || !(json_is_object(value_) || json_is_array(value_)))
         return nullptr;
+    if (nesting_of(call_->text) > deepest_rendered) {
+        fail(field, "nested too deeply");
+        return nullptr;
+    }
     char *text = json_dumps(value_, 0);
     const std::size_t size = text != nullptr ? std::strlen(text) + 1 : 0;
     // A copy of our own: a block from malloc of just this size, whatever jansson allocates.
@@ -183,7 +214,7 @@ template <class ReadDocument> int parse(const char *text, kelmora_errorlist *err
 {
     if (*text == '\0')
         return 1;
-    Decoder::Call call{Document(json_loads(text, 0, nullptr)), errors};
+    Decoder::Call call{Document(json_loads(text, 0, nullptr)), errors, text};
     Decoder in(call, call.document.root());
     if (!in)
         in.fail("", "invalid json data");

@@ -31,6 +31,7 @@ public:
     struct Call {
         Document document;
         kelmora_errorlist *errors;
+        const char *text = ""; ///< what the document was parsed from
         bool ok = true;
         bool keep_on_success = false;
         bool keep_on_failure = false;
@@ -78,7 +79,8 @@ public:
     }
 
     /// An object or array as compact JSON text: a block from malloc of just the text's size, the caller's. NULL for any
-    /// other value, and after a failure, be it this one's own: (field, "out of memory", "json").
+    /// other value, and after a failure, be it this one's own: (field, "out of memory", "json"), and for a document of
+    /// more than 512 levels (field, "nested too deeply", "json").
     [[nodiscard]] char *rendered(const char *field);
 
     /// The value as a number, 0 when it is no integer.

@@ -45,6 +45,10 @@ tests release "tests on this machine, with gcc"
 
 if can_sanitize; then
     tests asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer, with clang"
+
+    stage "all resources at once in eight threads, with ThreadSanitizer, with clang"
+    sh scripts/build.sh tsan kelmora-soak || die "the soak with ThreadSanitizer: build"
+    ctest --preset tsan -R '^soak$' || die "the soak with ThreadSanitizer"
 else
     leave_out "the tests with sanitizers"
 fi

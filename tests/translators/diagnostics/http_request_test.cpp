@@ -311,6 +311,20 @@ TEST_F(HttpRequestFrom, StoresABodyOfAnyLengthWhole)
     }
 }
 
+TEST_F(HttpRequestFrom, RejectsABodyInADocumentOfMoreThan512Levels)
+{
+    const auto nested = [](std::size_t levels) { return std::string(levels, '[') + std::string(levels, ']'); };
+    EXPECT_TRUE(accepts(with(document, "body", nested(511))));
+    EXPECT_EQ(record().body, nested(511));
+    record().body[1] = 'x';
+    EXPECT_TRUE(rejects(with(document, "body", nested(512)), "body", "nested too deeply"));
+    EXPECT_EQ(record().body[1], 'x');
+    const std::string brackets = R"(["\\\"[{[{", "\\\\", ")" + std::string(1000, '{') + "\"]";
+    make_stale();
+    EXPECT_TRUE(accepts(with(document, "body", brackets)));
+    EXPECT_EQ(record().body, brackets);
+}
+
 TEST_F(HttpRequestFrom, KeepsTheBodyBeforeOneThatIsNoObjectOrArray)
 {
     for (const char *json : {R"("{\"on\": true}")", "\"\"", "1", "1.5", "true", "false", "null"}) {

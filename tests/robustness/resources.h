@@ -1,0 +1,111 @@
+#ifndef KELMORA_TESTS_ROBUSTNESS_RESOURCES_H
+#define KELMORA_TESTS_ROBUSTNESS_RESOURCES_H
+
+#include "tests/support/allocations.h"
+
+#include "host/errors.h"
+#include "host/node.h"
+#include "host/registry.h"
+
+#include <cstddef>
+#include <functional>
+#include <gtest/gtest.h>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelmora_host {
+
+/// How a test that goes through the resources names one in its messages.
+inline void PrintTo(const Resource &resource, std::ostream *out) { *out << resource.name; }
+
+} // namespace kelmora_host
+
+namespace kelmora_test {
+
+using kelmora_host::Resource;
+using Nodes = std::vector<kelmora_host::Node>;
+
+#if defined(__SANITIZE_ADDRESS__)
+#define KELMORA_ADDRESS_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define KELMORA_ADDRESS_SANITIZER 1
+#endif
+#endif
+
+/// Whether AddressSanitizer watches each access.
+#ifdef KELMORA_ADDRESS_SANITIZER
+inline constexpr bool address_sanitizer = true;
+#else
+inline constexpr bool address_sanitizer = false;
+#endif
+
+/// Whether the program runs much slower than it does on the developer's machine: with a sanitizer, or emulated.
+#ifdef __mips__
+inline constexpr bool slow = true;
+#else
+inline constexpr bool slow = address_sanitizer;
+#endif
+
+/// The resources whose to-translator writes JSON, and those whose from-translator reads it.
+[[nodiscard]] std::vector<Resource> written_resources();
+[[nodiscard]] std::vector<Resource> read_resources();
+
+/// The name of a test with a resource for its parameter.
+[[nodiscard]] std::string test_name(const testing::TestParamInfo<Resource> &info);
+
+/// The resource's nodes in the sample gateway.
+[[nodiscard]] Nodes samples_of(const Resource &resource);
+
+/// The resource's document in examples/.
+[[nodiscard]] std::string example_of(const Resource &resource);
+
+/// The allocation that is to fail in a call, counted from 1; 0 for none.
+struct FailingAllocation {
+    std::size_t number = 0;
+    Failing failing = Failing::once;
+};
+
+/// What a to-translator answered.
+struct Written {
+    int result;
+    std::string text;
+    std::size_t allocations;      ///< that it asked for, reallocations included
+    std::size_t reallocations;    ///< among them
+    std::size_t reallocated_size; ///< what the last of those asked for
+};
+
+/// Calls the resource's to-translator with a buffer of 4096 bytes, and checks what holds for every call: no memory
+/// outlives it, records and nodes are only read, and of the buffer nothing is written behind the text and its NUL.
+Written write_out(const Resource &resource, Nodes &nodes, bool as_list, FailingAllocation memory = {});
+
+/// What a from-translator answered, and what the record then held.
+struct Answer {
+    int result;
+    std::vector<kelmora_host::Error> errors;
+    std::string image; ///< the record's bytes and those of all that hangs on it, without the pointers between them
+    std::size_t allocations;
+
+    /// The same for the host.
+    bool operator==(const Answer &other) const
+    {
+        return result == other.result && errors == other.errors && image == other.image;
+    }
+};
+
+/// Calls the resource's from-translator on a new stale record, and checks what holds for every call: result and errors
+/// fit together, nothing is written behind the record or into the node, chains are well formed, and no memory outlives
+/// the call but what the record owns and the documents that are kept by contract.
+/// look: called with the node while it is there.
+Answer read_in(const Resource &resource, const std::string &text, FailingAllocation memory = {},
+               const std::function<void(Nodes &)> &look = nullptr);
+
+/// Overwrites all bytes of a sample's record, of what hangs on it and of its id with the pattern, again and again from
+/// its `phase`-th byte on; pointers stay as they are.
+void fill(const Resource &resource, kelmora_host::Node &node, std::string_view pattern, std::size_t phase = 0);
+
+} // namespace kelmora_test
+
+#endif
