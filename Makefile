@@ -3,7 +3,7 @@
 RELEASE = build/release
 SOURCES = $(shell git ls-files '*.h' '*.c' '*.cpp')
 
-.PHONY: all help demo check test soak mips debug asan tsan lint format install dependencies clean
+.PHONY: all help demo check test soak fuzz coverage mutation mips debug asan tsan lint format install dependencies clean
 .DEFAULT_GOAL := all
 
 all: ## the release library, build/release/libkelmora_json.so.1.3.0
@@ -25,6 +25,15 @@ test: ## the quick inner loop: the tests on x86-64
 
 soak: ## CALLS (1000000) random reads and writes, with documents kept as by contract, then with none kept
 	@sh scripts/soak.sh $(or $(CALLS),1000000)
+
+fuzz: ## runs each fuzzer for SECONDS (60) over the kept corpus
+	@sh scripts/fuzz.sh $(or $(SECONDS),60)
+
+coverage: dependencies ## the lines and branches of the library that the unit tests run; fails below 100 % and 95 %
+	@sh scripts/coverage.sh
+
+mutation: dependencies ## makes a sample of small faults in the library, one at a time; 95 % must fail a unit test
+	@python3 scripts/mutate.py
 
 mips: ## the target's library, host and tests, in build/mips
 	@sh scripts/build-mips-sysroot.sh

@@ -5,6 +5,8 @@ set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in 
 set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 option(KELMORA_BUILD_FUZZERS "Build the fuzzers, and everything else ready for them; with clang" OFF)
+option(KELMORA_COVERAGE "Count which of the library's lines and branches run; the tests alone can be built" OFF)
+set(KELMORA_OPTIMIZATION -Os CACHE STRING "How the compiler optimizes the library")
 option(KELMORA_BUILD_HOST "Build kelmora-host, the development host, where its dependencies are" ON)
 option(KELMORA_BUILD_TESTS "Build the tests, which need the development host, where their dependencies are" ON)
 
@@ -45,12 +47,13 @@ endif()
 add_library(kelmora_library_options INTERFACE)
 target_compile_options(
     kelmora_library_options
-    INTERFACE -Os
+    INTERFACE ${KELMORA_OPTIMIZATION}
               -ffunction-sections
               -fdata-sections
               -fvisibility=hidden
               -fno-stack-protector
               -U_FORTIFY_SOURCE
+              $<$<BOOL:${KELMORA_COVERAGE}>:--coverage>
               $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden
               -fno-exceptions
               -fno-rtti

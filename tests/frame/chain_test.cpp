@@ -155,7 +155,9 @@ protected:
     {
         Decoder::Call call{Document(json_loads(document, 0, nullptr)), &errors_};
         Decoder in(call, call.document.root());
+        allocations::fail(failing_allocation_, Failing::once);
         add_texts(in, Elements(call, call.document.root()), first_, &Word::text, "words", "word");
+        allocations::pass();
         std::vector<std::string> texts;
         for (const Word &word : chain(first_))
             texts.emplace_back(word.text);
@@ -163,6 +165,7 @@ protected:
     }
 
     Word *first_ = nullptr;
+    std::size_t failing_allocation_ = 0; ///< counted from 1; 0 is none
     kelmora_errorlist errors_;
 };
 
@@ -180,7 +183,7 @@ TEST_F(AddTexts, SkipsWhatIsEmptyOrNoText)
 
 TEST_F(AddTexts, LinksBehindTheFirstNode)
 {
-    first_ = kelmora_host::make_chain<Word>({{"old"}});
+    first_ = kelmora_host::make_chain<Word>({{.text = "old"}});
     EXPECT_THAT(texts_of(R"(["new"])"), ElementsAre("old", "new"));
 }
 
@@ -189,6 +192,13 @@ TEST_F(AddTexts, RefusesATextThatTheFieldCannotHoldAndStoresNothingOfIt)
     EXPECT_THAT(texts_of(R"(["fives", "sixsix", "more"])"), ElementsAre("fives"));
     EXPECT_THAT(errors_.errors,
                 ElementsAre(Error{"word", "one or more elements exceeds the maximum of characters", "size"}));
+}
+
+TEST_F(AddTexts, EndsAtTheTextThatThereIsNoMemoryFor)
+{
+    failing_allocation_ = 2;
+    EXPECT_THAT(texts_of(R"(["one", "two", "three"])"), ElementsAre("one"));
+    EXPECT_THAT(errors_.errors, ElementsAre(Error{"words", "out of memory", "json"}));
 }
 
 TEST_F(AddTexts, CountsBytesNotCharacters)

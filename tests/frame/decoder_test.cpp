@@ -325,8 +325,10 @@ TEST(Decoder, EndsALoopAtAFailure)
 
 TEST(Decoder, DoesNothingAfterAFailure)
 {
-    EXPECT_THAT(reading(R"({"n": 1, "group": {"n": 2}, "list": [1], "text": "t"})",
+    EXPECT_THAT(reading(R"({"n": 1, "group": {"n": 2}, "list": [1], "text": "t", "true": true, "real": 2.5})",
                         [](Decoder &in) {
+                            const Decoder yes = in.required("true"_key);
+                            const Decoder real = in.required("real"_key);
                             Decoder group = in.required("group"_key);
                             const Decoder number = in.required("n"_key);
                             const Decoder word = in.required("text"_key);
@@ -351,6 +353,9 @@ TEST(Decoder, DoesNothingAfterAFailure)
                             EXPECT_FALSE(in.optional("n"));
                             EXPECT_FALSE(group);
                             EXPECT_EQ(number.integer(), 0);
+                            EXPECT_EQ(number.number(), 0);
+                            EXPECT_EQ(real.real(), 0);
+                            EXPECT_FALSE(yes.is_true());
                             EXPECT_STREQ(word.text(), "");
                             EXPECT_FALSE(word.is_text());
                             EXPECT_EQ(list.size(), 0U);

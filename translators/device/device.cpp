@@ -25,7 +25,7 @@ void read(Decoder &in, kelmora_resource *node)
 {
     auto &device = record_of<kelmora_device>(node);
     const auto report_if_absent = [&in, node](const char *key, Place place) {
-        if (in.ok() && !in.optional(key))
+        if (!in.optional(key))
             kelmora_set_missing(node, place);
     };
     in.optional_boolean("show_wizard", device.show_wizard);

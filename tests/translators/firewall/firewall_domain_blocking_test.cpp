@@ -1,3 +1,4 @@
+#include "tests/support/allocations.h"
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
@@ -257,6 +258,17 @@ TEST_F(FirewallDomainBlockingFrom, StoresWhatItGivesOut)
 {
     EXPECT_TRUE(accepts(sample_text));
     EXPECT_THAT(domains(), ElementsAre("ads.example.com", "casino.example"));
+}
+
+TEST_F(FirewallDomainBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
+{
+    allocations::pass();
+    EXPECT_EQ(firewall_domain_blocking_from_translator(node_.resource(), document, nullptr), 1);
+    const std::size_t last = allocations::asked_for(); // the second domain
+    make_stale();
+    allocations::fail(last, Failing::once);
+    EXPECT_TRUE(rejects(document, "domains", "out of memory"));
+    EXPECT_THAT(domains(), ElementsAre("shop.example.org"));
 }
 
 TEST_F(FirewallDomainBlockingFrom, KeepsTheCommonContract) { expect_common_contract(); }

@@ -1,3 +1,4 @@
+#include "tests/support/allocations.h"
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
@@ -299,6 +300,23 @@ TEST_F(FirewallUrlBlockingFrom, StoresWhatItGivesOut)
     EXPECT_TRUE(accepts(sample_text));
     EXPECT_THAT(urls(), ElementsAre("http://games.example.com/", "example.org/live?c=7"));
     EXPECT_THAT(keywords(), ElementsAre("lottery", "betting"));
+}
+
+TEST_F(FirewallUrlBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
+{
+    allocations::pass();
+    EXPECT_EQ(firewall_url_blocking_from_translator(node_.resource(), document, nullptr), 1);
+    const std::size_t last = allocations::asked_for(); // two URLs and two keywords come last
+    make_stale();
+    allocations::fail(last - 2, Failing::once);
+    EXPECT_TRUE(rejects(document, "urls", "out of memory"));
+    EXPECT_THAT(urls(), ElementsAre("http://news.example.net/feed"));
+    EXPECT_THAT(keywords(), IsEmpty());
+    make_stale();
+    allocations::fail(last, Failing::once);
+    EXPECT_TRUE(rejects(document, "keywords", "out of memory"));
+    EXPECT_THAT(urls(), ElementsAre("http://news.example.net/feed", "example.net"));
+    EXPECT_THAT(keywords(), ElementsAre("poker"));
 }
 
 TEST_F(FirewallUrlBlockingFrom, KeepsTheCommonContract) { expect_common_contract(); }

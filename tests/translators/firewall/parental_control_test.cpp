@@ -7,6 +7,27 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Whether the host says that it allocated all rules but leaves out the last.
+bool forgets_a_rule = false;
+
+} // namespace
+
+// NOLINTBEGIN(bugprone-reserved-identifier): the names are the linker's
+extern "C" {
+
+int __real_kelmora_parental_control_allocate_list(kelmora_parental_control *record, uint32_t entries,
+                                                  kelmora_errorlist *errors);
+
+int __wrap_kelmora_parental_control_allocate_list(kelmora_parental_control *record, uint32_t entries,
+                                                  kelmora_errorlist *errors)
+{
+    return __real_kelmora_parental_control_allocate_list(record, forgets_a_rule ? entries - 1 : entries, errors);
+}
+}
+// NOLINTEND(bugprone-reserved-identifier)
+
 namespace kelmora_test {
 
 namespace {
@@ -408,6 +429,15 @@ TEST_F(ParentalControlFrom, ARuleThatIsNoObjectLacksItsUser)
         EXPECT_EQ(length(), 1U);
         EXPECT_TRUE(holds(0));
     }
+}
+
+TEST_F(ParentalControlFrom, EndsAtTheRuleThatTheHostDidNotAllocate)
+{
+    forgets_a_rule = true;
+    EXPECT_TRUE(rejects(document, list_name, "out of memory"));
+    forgets_a_rule = false;
+    EXPECT_EQ(length(), 1U);
+    EXPECT_TRUE(holds(10));
 }
 
 TEST_F(ParentalControlFrom, CutsTextsToTheirField)

@@ -1,3 +1,4 @@
+#include "tests/support/allocations.h"
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
@@ -332,6 +333,18 @@ TEST_F(InterfaceFrom, CutsTextsToTheirField)
     expect_text("ip4", record().ip4);
     expect_text("mac", record().mac);
     expect_text("netmask", record().netmask);
+}
+
+TEST_F(InterfaceFrom, ReportsTheListThatNoMemoryIsLeftFor)
+{
+    allocations::pass();
+    EXPECT_EQ(interface_from_translator(node_.resource(), document, nullptr), 1);
+    const std::size_t last = allocations::asked_for(); // the third address
+    make_stale();
+    allocations::fail(last, Failing::once);
+    EXPECT_TRUE(rejects(document, "ip6_list", "out of memory"));
+    EXPECT_THAT(addresses(), ElementsAre("2001:db8::7", "fe80::7"));
+    EXPECT_EQ(record().mtu, 1400U);
 }
 
 TEST_F(InterfaceFrom, KeepsTheCommonContract) { expect_common_contract(); }
