@@ -4,7 +4,7 @@ option(KELMORA_RELEASE_ALL "Release every parsed document, also on the paths tha
 set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
 set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
-option(KELMORA_BUILD_FUZZERS "Build the fuzzers, and everything else ready for them; with clang" OFF)
+option(KELMORA_BUILD_FUZZERS "Build the fuzzers, and the library ready for them; with clang" OFF)
 option(KELMORA_COVERAGE "Count which of the library's lines and branches run; the tests alone can be built" OFF)
 set(KELMORA_OPTIMIZATION -Os CACHE STRING "How the compiler optimizes the library")
 option(KELMORA_BUILD_HOST "Build kelmora-host, the development host, where its dependencies are" ON)
@@ -39,9 +39,6 @@ if(NOT KELMORA_SANITIZE STREQUAL "")
     target_compile_options(kelmora_options INTERFACE ${sanitize})
     target_link_options(kelmora_options INTERFACE ${sanitize})
 endif()
-if(KELMORA_BUILD_FUZZERS)
-    target_compile_options(kelmora_options INTERFACE -fsanitize=fuzzer-no-link)
-endif()
 
 # What goes into the plug-in: small, hidden, without any run-time support of the compiler's or the C++ library's.
 add_library(kelmora_library_options INTERFACE)
@@ -54,6 +51,7 @@ target_compile_options(
               -fno-stack-protector
               -U_FORTIFY_SOURCE
               $<$<BOOL:${KELMORA_COVERAGE}>:--coverage>
+              $<$<BOOL:${KELMORA_BUILD_FUZZERS}>:-fsanitize=fuzzer-no-link>
               $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden
               -fno-exceptions
               -fno-rtti

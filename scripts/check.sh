@@ -46,6 +46,9 @@ tests release "tests on this machine, with gcc"
 if can_sanitize; then
     tests asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer, with clang"
 
+    stage "fuzzing, for a minute"
+    sh scripts/fuzz.sh 30 || die "fuzzing"
+
     stage "all resources at once in eight threads, with ThreadSanitizer, with clang"
     sh scripts/build.sh tsan kelmora-soak || die "the soak with ThreadSanitizer: build"
     ctest --preset tsan -R '^soak$' || die "the soak with ThreadSanitizer"
