@@ -45,8 +45,8 @@ struct kelmora_wlan_access_control;
  * text: NUL-terminated; an empty text changes nothing and succeeds. upgrade_by_file and backup_restore take a block of
  *       8 bytes of any value in its place.
  * Returns 1 for success; 0 after appending at most one error of its own to `errors`. What was stored before stays
- * stored. tr369_local_agent_controller also appends one for each MTP of an unknown protocol, and goes on: its result may
- * be 1 all the same.
+ * stored. tr369_local_agent_controller also appends one for each MTP of an unknown protocol, and goes on: its result
+ * may be 1 all the same.
  */
 typedef int (*kelmora_from_translator)(struct kelmora_resource *node, const char *text,
                                        struct kelmora_errorlist *errors);

@@ -46,8 +46,8 @@ class Worker {
 public:
     Worker(const std::vector<Subject> &subjects, std::uint64_t seed);
 
-    /// Makes calls and checks each. The first fault ends it for good. The nodes live no longer than this, so that what is
-    /// in memory between two calls of it can be compared.
+    /// Makes calls and checks each. The first fault ends it for good. The nodes live no longer than this, so that what
+    /// is in memory between two calls of it can be compared.
     void serve(std::uint64_t calls);
 
     [[nodiscard]] const Tally &tally() const { return tally_; }
