@@ -9,7 +9,19 @@
 // The chains that the plug-in has the host make. Nodes are blocks from calloc, which the record frees. A chain that a
 // new one replaces is let go of and freed by the write road, as everything that a translator lets go of.
 
+namespace kelmora_host {
+
+std::function<void(const AddedEntry &)> on_add_entry;
+
+} // namespace kelmora_host
+
 namespace {
+
+void announce(const kelmora_host::AddedEntry &entry)
+{
+    if (kelmora_host::on_add_entry)
+        kelmora_host::on_add_entry(entry);
+}
 
 /// Gives a record a new chain of cleared nodes, or none when there is no memory for all of them.
 template <class Node> bool allocate_list(Node *&first, std::uint32_t entries)
@@ -79,26 +91,30 @@ int kelmora_parental_control_allocate_list(kelmora_parental_control *record, uin
 
 void kelmora_ipv6_dhcp_dns_servers_add(kelmora_ipv6_dhcp_server *record, const char *address)
 {
+    announce({.record = record, .list = "dns_servers", .text = address});
     append_text(record->dns_servers, &kelmora_ipv6_dhcp_server_dns_server::address, address);
 }
 
 void kelmora_ipv6_dhcp_domains_add(kelmora_ipv6_dhcp_server *record, const char *domain)
 {
+    announce({.record = record, .list = "domains", .text = domain});
     append_text(record->domains, &kelmora_ipv6_dhcp_server_domain::domain, domain);
 }
 
 void kelmora_tr369_local_agent_controller_mtp_add(kelmora_tr369_local_agent_controller *record,
-                                                  kelmora_tr369_local_agent_controller_mtp *mtp, int /*reserved*/,
+                                                  kelmora_tr369_local_agent_controller_mtp *mtp, int reserved,
                                                   kelmora_errorlist *errors)
 {
+    announce({.record = record, .list = "mtp", .node = mtp, .reserved = reserved, .errors = errors});
     if (!append(record->mtp, *mtp))
         report_no_room(errors, "mtp");
 }
 
 void kelmora_tr369_mqttt_client_subscription_add_element(kelmora_tr369_mqtt_client *record,
                                                          kelmora_tr369_mqtt_client_subscription *subscription,
-                                                         int /*reserved*/, kelmora_errorlist *errors)
+                                                         int reserved, kelmora_errorlist *errors)
 {
+    announce({.record = record, .list = "subscription", .node = subscription, .reserved = reserved, .errors = errors});
     if (!append(record->subscription, *subscription))
         report_no_room(errors, "subscription");
 }

@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
+#include <vector>
 
 namespace kelmora_host {
 
@@ -123,6 +124,75 @@ TEST(Tr369Lists, GrowByCopiesOfWhatTheyAreGiven)
     ASSERT_EQ(length(controller.mtp), 1U);
     EXPECT_EQ(controller.mtp->protocol, 7U);
     EXPECT_THAT(errors.errors, IsEmpty());
+}
+
+/// Sees each entry at the moment of its call.
+class AddedEntries : public testing::Test {
+protected:
+    AddedEntries()
+    {
+        on_add_entry = [this](const AddedEntry &entry) {
+            entries_.push_back(entry);
+            texts_.emplace_back(entry.text);
+            entries_there_.push_back(length(dhcp_.domains) + length(dhcp_.dns_servers) + length(client_.subscription) +
+                                     length(controller_.mtp));
+        };
+    }
+    ~AddedEntries() override { on_add_entry = nullptr; }
+
+    Record dhcp_owner_{kelmora_ipv6_dhcp_server{}};
+    Record client_owner_{kelmora_tr369_mqtt_client{}};
+    Record controller_owner_{kelmora_tr369_local_agent_controller{}};
+    kelmora_ipv6_dhcp_server &dhcp_ = dhcp_owner_.as<kelmora_ipv6_dhcp_server>();
+    kelmora_tr369_mqtt_client &client_ = client_owner_.as<kelmora_tr369_mqtt_client>();
+    kelmora_tr369_local_agent_controller &controller_ = controller_owner_.as<kelmora_tr369_local_agent_controller>();
+
+    std::vector<AddedEntry> entries_;
+    std::vector<std::string> texts_;
+    std::vector<std::size_t> entries_there_; ///< in all lists, at each call
+};
+
+TEST_F(AddedEntries, AreSeenWholeBeforeTheyAreAdded)
+{
+    const std::string domain(300, 'd');
+    const std::string address(300, 'a');
+    kelmora_ipv6_dhcp_domains_add(&dhcp_, domain.c_str());
+    kelmora_ipv6_dhcp_dns_servers_add(&dhcp_, address.c_str());
+    ASSERT_EQ(entries_.size(), 2U);
+    EXPECT_EQ(entries_[0].list, "domains");
+    EXPECT_EQ(entries_[1].list, "dns_servers");
+    EXPECT_THAT(texts_, ElementsAre(domain, address));
+    for (const AddedEntry &entry : entries_) {
+        EXPECT_EQ(entry.record, &dhcp_);
+        EXPECT_EQ(entry.node, nullptr);
+        EXPECT_EQ(entry.reserved, 0);
+        EXPECT_EQ(entry.errors, nullptr);
+    }
+    EXPECT_THAT(entries_there_, ElementsAre(0, 1));
+    EXPECT_EQ(length(dhcp_.domains), 1U);
+    EXPECT_EQ(length(dhcp_.dns_servers), 1U);
+}
+
+TEST_F(AddedEntries, AreSeenWithTheOtherArgumentsOfTheirCall)
+{
+    kelmora_errorlist errors;
+    kelmora_tr369_mqtt_client_subscription subscription{};
+    kelmora_tr369_local_agent_controller_mtp mtp{};
+    kelmora_tr369_mqttt_client_subscription_add_element(&client_, &subscription, 5, &errors);
+    kelmora_tr369_local_agent_controller_mtp_add(&controller_, &mtp, -6, nullptr);
+    ASSERT_EQ(entries_.size(), 2U);
+    EXPECT_EQ(entries_[0].record, &client_);
+    EXPECT_EQ(entries_[0].list, "subscription");
+    EXPECT_EQ(entries_[0].node, &subscription);
+    EXPECT_EQ(entries_[0].reserved, 5);
+    EXPECT_EQ(entries_[0].errors, &errors);
+    EXPECT_EQ(entries_[1].record, &controller_);
+    EXPECT_EQ(entries_[1].list, "mtp");
+    EXPECT_EQ(entries_[1].node, &mtp);
+    EXPECT_EQ(entries_[1].reserved, -6);
+    EXPECT_EQ(entries_[1].errors, nullptr);
+    EXPECT_THAT(texts_, ElementsAre("", ""));
+    EXPECT_THAT(entries_there_, ElementsAre(0, 1));
 }
 
 } // namespace

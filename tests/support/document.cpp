@@ -84,6 +84,32 @@ std::string without_all(const std::string &document, const std::vector<std::stri
     return rest;
 }
 
+std::string with_id(const std::string &object, const std::string &id)
+{
+    constexpr std::string_view key = "\"id\": \"";
+    const std::size_t at = object.find(key);
+    if (at == std::string::npos)
+        throw std::invalid_argument("no id in " + object);
+    const std::size_t begin = at + key.size();
+    return object.substr(0, begin) + id + object.substr(object.find('"', begin));
+}
+
+std::string pretty_array(const std::vector<std::string> &objects)
+{
+    const std::string indent(16, ' ');
+    std::string array;
+    for (const std::string &object : objects) {
+        array += array.empty() ? "[\n" : ",\n";
+        array += indent;
+        for (const char character : object) {
+            array += character;
+            if (character == '\n')
+                array += indent;
+        }
+    }
+    return array + "\n]";
+}
+
 bool parses(const std::string &text) { return Json(json_loads(text.c_str(), 0, nullptr)) != nullptr; }
 
 std::string quoted(std::size_t length)

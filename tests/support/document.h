@@ -19,6 +19,12 @@ namespace kelmora_test {
 /// The document without several members.
 [[nodiscard]] std::string without_all(const std::string &document, const std::vector<std::string> &paths);
 
+/// The text of an object with another id in the place of its own. It is taken as it is to stand between the quotes.
+[[nodiscard]] std::string with_id(const std::string &object, const std::string &id);
+
+/// The text of a pretty array of these pretty objects.
+[[nodiscard]] std::string pretty_array(const std::vector<std::string> &objects);
+
 /// Whether jansson takes the text for a JSON document.
 [[nodiscard]] bool parses(const std::string &text);
 

@@ -43,9 +43,13 @@ int FromTestBase::call(const std::string &text, std::vector<Error> &errors)
             EXPECT_EQ(allocations::json_alive(), json_before) << otherwise;
         }
     };
+    const auto keeps_at_error = [&] {
+        const bool has_document = !list.errors.empty() && list.errors.back().message != "invalid json data";
+        return keeps_document_ || (keeps_document_on_failure_ && has_document);
+    };
     list.on_add = [&] {
         if (list.errors.back().source != "host" && !reports_and_goes_on_)
-            expect_document(keeps_document_, "the document is not released before its error");
+            expect_document(keeps_at_error(), "the document is not released before its error");
     };
     const int result = from_(node_.resource(), text.c_str(), &list);
     allocations_asked_for_ = allocations::asked_for();
@@ -53,7 +57,7 @@ int FromTestBase::call(const std::string &text, std::vector<Error> &errors)
     fetches_ = node_.fetches() - fetches_before;
     errors = list.errors;
 
-    const bool kept = keeps_document_ || (keeps_document_on_success_ && result == 1 && !text.empty());
+    const bool kept = result == 1 ? keeps_document_ || (keeps_document_on_success_ && !text.empty()) : keeps_at_error();
     expect_document(kept, "JSON values outlive the call");
     EXPECT_EQ(std::memcmp(node_.resource(), &header_before, sizeof header_before), 0) << "the node was written into";
     EXPECT_TRUE(std::equal(guard_before.begin(), guard_before.end(), guard)) << "written behind the record";
@@ -129,13 +133,13 @@ void FromTestBase::expect_required_in_order(const std::vector<RequiredKey> &keys
     std::vector<std::string> this_and_later;
     for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
         this_and_later.push_back(key->path);
-        EXPECT_TRUE(rejects(without(document_, key->path), key->field, key->message));
-        EXPECT_TRUE(rejects(without_all(document_, this_and_later), key->field, key->message));
+        EXPECT_TRUE(rejects(without(document_, key->path), key->field, key->message, key->source));
+        EXPECT_TRUE(rejects(without_all(document_, this_and_later), key->field, key->message, key->source));
         EXPECT_TRUE(accepts(with(document_, key->path, "null")));
     }
-    EXPECT_TRUE(rejects("{}", keys.front().field, keys.front().message));
-    EXPECT_TRUE(rejects("[]", keys.front().field, keys.front().message));
-    EXPECT_TRUE(rejects("[" + document_ + "]", keys.front().field, keys.front().message));
+    const RequiredKey &first = keys.front();
+    for (const std::string &text : {std::string("{}"), std::string("[]"), "[" + document_ + "]"})
+        EXPECT_TRUE(rejects(text, first.field, first.message, first.source));
 }
 
 void FromTestBase::expect_survives_failing_memory()

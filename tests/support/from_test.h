@@ -26,6 +26,7 @@ struct RequiredKey {
     std::string path; ///< nested keys with dots
     std::string field;
     std::string message;
+    std::string source = "json";
 };
 
 /// Calls a from-translator on one node and checks what holds for every call of any: the result and the errors fit
@@ -107,9 +108,11 @@ protected:
     /// A document that the translator accepts and that has every key it reads.
     const std::string document_;
 
-    // Whether the contract makes the next calls leave their document unreleased: all of them, or those that succeed.
+    // Whether the contract makes the next calls leave their document unreleased: all of them, those that succeed, or
+    // those that fail (a text that does not parse makes no document).
     bool keeps_document_ = false;
     bool keeps_document_on_success_ = false;
+    bool keeps_document_on_failure_ = false;
 
     /// How often the last call fetched the record, and how often calls without a document may.
     std::size_t fetches_ = 0;

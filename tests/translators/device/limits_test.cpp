@@ -384,7 +384,8 @@ TEST_F(LimitsFrom, ReportsThatThereIsNoMemoryForAnEntryAndKeepsTheChainWhole)
     const std::string text = document_with(R"([{"radio_id": "r0"}, {"radio_id": "r1"}, {"radio_id": "r2"}])");
     // The entries are the last that is allocated in a call.
     allocations::pass();
-    EXPECT_EQ(limits_from_translator(node_.resource(), text.c_str(), nullptr), 1);
+    kelmora_errorlist errors;
+    EXPECT_EQ(limits_from_translator(node_.resource(), text.c_str(), &errors), 1);
     const std::size_t all = allocations::asked_for();
 
     hold({{.radio_id = "old", .value = 1}});
@@ -413,7 +414,7 @@ TEST(Limits, WritesBackTheEntriesInTheReverseOrder)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_limits{}));
-    EXPECT_EQ(limits_from_translator(nodes.front().resource(), document, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(limits_from_translator, nodes.front(), document).result, 1);
     EXPECT_EQ(kelmora_host::read(limits_to_translator, nodes, false).text,
               "{\n"
               "                \"filter_ip\": 14,\n"

@@ -171,7 +171,8 @@ TEST_F(SyslogFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 TEST(Syslog, WritesBackThePortThatWasStored)
 {
     kelmora_host::Node node("0", kelmora_host::Record(kelmora_syslog{}));
-    EXPECT_EQ(syslog_from_translator(node.resource(), R"({"enabled": true, "server": "", "port": -1})", nullptr), 1);
+    EXPECT_EQ(
+        kelmora_host::write(syslog_from_translator, node, R"({"enabled": true, "server": "", "port": -1})").result, 1);
     std::vector<kelmora_host::Node> nodes{node};
     EXPECT_THAT(kelmora_host::read(syslog_to_translator, nodes, false).text, HasSubstr("\"port\": -1,"));
 }

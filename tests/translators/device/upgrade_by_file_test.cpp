@@ -34,7 +34,8 @@ protected:
     {
         const auto text = std::make_unique<char[]>(block.size());
         std::memcpy(text.get(), block.data(), block.size());
-        EXPECT_EQ(upgrade_by_file_from_translator(node_.resource(), text.get(), nullptr), 1);
+        kelmora_errorlist errors;
+        EXPECT_EQ(upgrade_by_file_from_translator(node_.resource(), text.get(), &errors), 1);
         EXPECT_TRUE(std::equal(block.begin(), block.end(), reinterpret_cast<std::uint8_t *>(text.get())))
             << "the text was written";
         Block result{};
@@ -73,7 +74,8 @@ TEST_F(UpgradeByFileFrom, WritesTheBlockAndNothingBehindIt)
 TEST_F(UpgradeByFileFrom, AsksForNoMemory)
 {
     allocations::fail(1, Failing::from_then_on);
-    EXPECT_EQ(upgrade_by_file_from_translator(node_.resource(), "eight by", nullptr), 1);
+    kelmora_errorlist errors;
+    EXPECT_EQ(upgrade_by_file_from_translator(node_.resource(), "eight by", &errors), 1);
     EXPECT_EQ(allocations::asked_for(), 0U);
     allocations::pass();
     EXPECT_EQ(std::string(record().file, record().file + 8), "eight by");

@@ -166,7 +166,8 @@ protected:
     {
         kelmora_host::Node node("", kelmora_host::Record(kelmora_http_request{}));
         allocations::pass();
-        EXPECT_EQ(http_request_from_translator(node.resource(), text.c_str(), nullptr), 1);
+        kelmora_errorlist errors;
+        EXPECT_EQ(http_request_from_translator(node.resource(), text.c_str(), &errors), 1);
         return allocations::asked_for();
     }
 };
@@ -370,7 +371,8 @@ TEST_F(HttpRequestFrom, ReplacesTheBodyBeforeWithoutFreeingIt)
     char *before = make_text("before");
     kelmora_host::Node node("", kelmora_host::Record(kelmora_http_request{.body = before}));
     const std::size_t alive = allocations::alive();
-    EXPECT_EQ(http_request_from_translator(node.resource(), document, nullptr), 1);
+    kelmora_errorlist errors;
+    EXPECT_EQ(http_request_from_translator(node.resource(), document, &errors), 1);
     EXPECT_EQ(allocations::alive(), alive + 1); // the new one alone
     EXPECT_STREQ(node.record().as<kelmora_http_request>().body, R"({"on": true, "level": 10})");
     EXPECT_STREQ(before, "before");

@@ -263,7 +263,8 @@ TEST_F(FirewallDomainBlockingFrom, StoresWhatItGivesOut)
 TEST_F(FirewallDomainBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
 {
     allocations::pass();
-    EXPECT_EQ(firewall_domain_blocking_from_translator(node_.resource(), document, nullptr), 1);
+    kelmora_errorlist errors;
+    EXPECT_EQ(firewall_domain_blocking_from_translator(node_.resource(), document, &errors), 1);
     const std::size_t last = allocations::asked_for(); // the second domain
     make_stale();
     allocations::fail(last, Failing::once);

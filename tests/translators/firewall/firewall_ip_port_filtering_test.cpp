@@ -1,5 +1,5 @@
+#include "tests/support/from_chain_test.h"
 #include "tests/support/to_test.h"
-#include "tests/translators/firewall/from_chain_test.h"
 
 #include "host/roads.h"
 
@@ -429,7 +429,7 @@ TEST(FirewallIpPortFiltering, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_firewall_ip_port_filtering{}));
-    EXPECT_EQ(firewall_ip_port_filtering_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(firewall_ip_port_filtering_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(firewall_ip_port_filtering_to_translator, nodes, false).text, sample_text);
 }
 

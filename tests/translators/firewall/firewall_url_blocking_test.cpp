@@ -178,11 +178,14 @@ TEST_F(FirewallUrlBlockingFrom, MissingSwitchStoresNothing)
     EXPECT_THAT(keywords(), IsEmpty());
 }
 
-TEST_F(FirewallUrlBlockingFrom, MissingUrlsKeepTheSwitch)
+TEST_F(FirewallUrlBlockingFrom, MissingUrlsKeepTheSwitchAndBothLists)
 {
+    record().urls = kelmora_host::make_chain<Url>({{.url = "a"}});
+    record().keywords = kelmora_host::make_chain<Keyword>({{.keyword = "x"}});
     EXPECT_TRUE(rejects(without(document, "urls"), "urls", "field not found"));
     EXPECT_EQ(record().enable, 1);
-    EXPECT_THAT(keywords(), IsEmpty());
+    EXPECT_THAT(urls(), ElementsAre("a"));
+    EXPECT_THAT(keywords(), ElementsAre("x"));
 }
 
 TEST_F(FirewallUrlBlockingFrom, MissingKeywordsKeepTheUrls)
@@ -305,7 +308,8 @@ TEST_F(FirewallUrlBlockingFrom, StoresWhatItGivesOut)
 TEST_F(FirewallUrlBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
 {
     allocations::pass();
-    EXPECT_EQ(firewall_url_blocking_from_translator(node_.resource(), document, nullptr), 1);
+    kelmora_errorlist errors;
+    EXPECT_EQ(firewall_url_blocking_from_translator(node_.resource(), document, &errors), 1);
     const std::size_t last = allocations::asked_for(); // two URLs and two keywords come last
     make_stale();
     allocations::fail(last - 2, Failing::once);

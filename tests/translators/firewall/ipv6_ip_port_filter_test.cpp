@@ -125,11 +125,12 @@ TEST_F(Ipv6IpPortFilterTo, LeavesOutTextsThatAreNotUtf8ButKeepsTheirObject)
 
 TEST_F(Ipv6IpPortFilterTo, GrowsTheBufferForALongList)
 {
-    for (int i = 0; i < 20; ++i)
+    std::string expected;
+    for (int i = 0; i < 20; ++i) {
         add(std::to_string(i), sample);
-    const std::string text = list();
-    EXPECT_GT(text.size(), 4096U);
-    EXPECT_THAT(text, AllOf(HasSubstr(R"({"id": "19",)"), testing::EndsWith("}}]")));
+        expected += (i == 0 ? "[" : ", ") + with_id(sample_text, std::to_string(i));
+    }
+    EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
 }
 
@@ -254,7 +255,7 @@ TEST(Ipv6IpPortFilter, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_ipv6_ip_port_filter{}));
-    EXPECT_EQ(ipv6_ip_port_filter_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(ipv6_ip_port_filter_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(ipv6_ip_port_filter_to_translator, nodes, false).text, sample_text);
 }
 

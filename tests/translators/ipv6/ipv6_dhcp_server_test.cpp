@@ -1,6 +1,8 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
+#include "host/lists.h"
+
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
@@ -213,6 +215,7 @@ constexpr char document[] = R"({
 class Ipv6DhcpServerFrom : public FromTest<kelmora_ipv6_dhcp_server> {
 protected:
     Ipv6DhcpServerFrom() : FromTest(ipv6_dhcp_server_from_translator, document) {}
+    ~Ipv6DhcpServerFrom() override { kelmora_host::on_add_entry = nullptr; }
 
     std::vector<std::string> domains()
     {
@@ -230,6 +233,20 @@ protected:
         return addresses;
     }
 
+    /// All that the record holds but its lists.
+    void expect_settings_stored()
+    {
+        EXPECT_EQ(record().mode, 1U);
+        EXPECT_STREQ(record().ip_pool_range_start, "2001:db8:99:4200::a000");
+        EXPECT_STREQ(record().ip_pool_range_end, "2001:db8:99:4200::afff");
+        EXPECT_EQ(record().prefix_length, 60U);
+        EXPECT_EQ(record().valid_lifetime, 7200U);
+        EXPECT_EQ(record().preffered_lifetime, 3600U);
+        EXPECT_EQ(record().renew_time, 1800U);
+        EXPECT_EQ(record().rebind_time, 2880U);
+        EXPECT_STREQ(record().client_duid, "03");
+    }
+
     testing::AssertionResult misses(const std::string &text, const std::string &key)
     {
         return rejects(text, key, key + " field not found");
@@ -239,15 +256,7 @@ protected:
 TEST_F(Ipv6DhcpServerFrom, StoresEveryKey)
 {
     EXPECT_TRUE(accepts(document));
-    EXPECT_EQ(record().mode, 1U);
-    EXPECT_STREQ(record().ip_pool_range_start, "2001:db8:99:4200::a000");
-    EXPECT_STREQ(record().ip_pool_range_end, "2001:db8:99:4200::afff");
-    EXPECT_EQ(record().prefix_length, 60U);
-    EXPECT_EQ(record().valid_lifetime, 7200U);
-    EXPECT_EQ(record().preffered_lifetime, 3600U);
-    EXPECT_EQ(record().renew_time, 1800U);
-    EXPECT_EQ(record().rebind_time, 2880U);
-    EXPECT_STREQ(record().client_duid, "03");
+    expect_settings_stored();
     EXPECT_THAT(domains(), ElementsAre("guests.example", "lab.example"));
     EXPECT_THAT(dns_servers(), ElementsAre("2001:db8:99::53", "2001:db8:99::54", "2001:db8:99::55"));
 }
@@ -430,10 +439,33 @@ TEST_F(Ipv6DhcpServerFrom, FailureLeavesTheListsAlone)
     EXPECT_THAT(dns_servers(), ElementsAre("::1"));
 }
 
+TEST_F(Ipv6DhcpServerFrom, HandsOverAllDomainsThenAllDnsServersOnceAllElseIsStored)
+{
+    std::vector<std::string> handed_over;
+    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) {
+        EXPECT_EQ(entry.record, &record());
+        expect_settings_stored();
+        handed_over.push_back(std::string(entry.list) + ' ' + std::string(entry.text));
+    };
+    const std::string domains_last =
+        with(without(document, "domains"), "domains", R"(["guests.example", "lab.example"])");
+    for (const std::string &text : {std::string(document), domains_last}) {
+        make_stale();
+        handed_over.clear();
+        EXPECT_TRUE(accepts(text));
+        EXPECT_THAT(handed_over,
+                    ElementsAre("domains guests.example", "domains lab.example", "dns_servers 2001:db8:99::53",
+                                "dns_servers 2001:db8:99::54", "dns_servers 2001:db8:99::55"));
+    }
+}
+
 TEST_F(Ipv6DhcpServerFrom, LeavesTheCutOfLongEntriesToTheHost)
 {
+    std::vector<std::string> handed_over;
+    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) { handed_over.emplace_back(entry.text); };
     const std::string text = quoted(5000);
     EXPECT_TRUE(accepts(with(with(document, "domains", "[" + text + "]"), "dns_servers", "[" + text + "]")));
+    EXPECT_THAT(handed_over, ElementsAre(text.substr(1, 5000), text.substr(1, 5000)));
     EXPECT_THAT(domains(), ElementsAre(text.substr(1, 254)));
     EXPECT_THAT(dns_servers(), ElementsAre(text.substr(1, 45)));
 }

@@ -480,7 +480,7 @@ TEST(Ipv6Radvd, WritesBackTheLifetimesThatLastForEver)
     kelmora_host::Node node("br0", kelmora_host::Record(kelmora_ipv6_radvd{}));
     const std::string text = with(with(document, "ipv6_prefix.adv_valid_lifetime", "4294967295"),
                                   "ipv6_ula_settings.ula_prefer_time", "4294967295.0");
-    EXPECT_EQ(ipv6_radvd_from_translator(node.resource(), text.c_str(), nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(ipv6_radvd_from_translator, node, text).result, 1);
     std::vector<kelmora_host::Node> nodes{node};
     EXPECT_THAT(kelmora_host::read(ipv6_radvd_to_translator, nodes, false).text,
                 AllOf(HasSubstr(R"("adv_valid_lifetime": 4294967295)"), HasSubstr(R"("ula_prefer_time": 4294967295)"),

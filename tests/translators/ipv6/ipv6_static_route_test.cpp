@@ -239,7 +239,7 @@ TEST_F(Ipv6StaticRouteFrom, SurvivesFailingMemory) { expect_survives_failing_mem
 TEST(Ipv6StaticRoute, WritesBackTheRouteThatWasStored)
 {
     kelmora_host::Node node("7", kelmora_host::Record(kelmora_ipv6_static_route{}));
-    EXPECT_EQ(ipv6_static_route_from_translator(node.resource(), document, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(ipv6_static_route_from_translator, node, document).result, 1);
     std::vector<kelmora_host::Node> nodes{node};
     EXPECT_EQ(kelmora_host::read(ipv6_static_route_to_translator, nodes, false).text,
               R"({"id": "7", "enable": true, "destination": "2001:db8:4c:1900::/56", )"

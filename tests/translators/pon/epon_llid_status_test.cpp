@@ -58,6 +58,25 @@ TEST_F(EponLlidStatusTo, WritesNumbersAsUnsignedAndCutsADescriptionThatFillsItsF
                             std::string(127, 'd') + R"("})");
 }
 
+TEST_F(EponLlidStatusTo, LeavesOutADescriptionThatIsNotUtf8)
+{
+    set(add("7", sample).llid_id_status_desc, "caf\xE9");
+    EXPECT_EQ(object(), R"({"id": "7", "llid_id": 4, "llid_id_status": 2})");
+}
+
+TEST_F(EponLlidStatusTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(EponLlidStatusTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
+}
+
 TEST_F(EponLlidStatusTo, SurvivesFailingMemory)
 {
     add("7", sample);

@@ -92,6 +92,25 @@ TEST_F(GponStatusTo, WritesTheUnitAsUnsignedAndCutsADescriptionThatFillsItsField
                             std::string(19, 'd') + R"("})");
 }
 
+TEST_F(GponStatusTo, LeavesOutADescriptionThatIsNotUtf8)
+{
+    set(add("7", sample).onu_state_desc, "caf\xE9");
+    EXPECT_EQ(object(), R"({"id": "7", "onu_state_id": "O5", "onu_id": 9})");
+}
+
+TEST_F(GponStatusTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(GponStatusTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
+}
+
 TEST_F(GponStatusTo, SurvivesFailingMemory)
 {
     add("7", sample);

@@ -71,11 +71,27 @@ TEST_F(PonCountersTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
 
 TEST_F(PonCountersTo, WritesNumbersAsUnsigned)
 {
-    kelmora_pon_counters &counters = add("u");
-    counters.tx_bytes = 4294967295;
-    counters.dropped_packets = 2147483648;
-    EXPECT_THAT(object(), testing::HasSubstr(R"("tx_bytes": 4294967295,)"));
-    EXPECT_THAT(object(), testing::HasSubstr(R"("dropped_packets": 2147483648})"));
+    std::memset(&add("u"), 0xFF, sizeof(kelmora_pon_counters));
+    EXPECT_EQ(
+        object(),
+        R"({"id": "u", "tx_bytes": 4294967295, "rx_bytes": 4294967295, "tx_packets": 4294967295, )"
+        R"("rx_packets": 4294967295, "tx_unicast_packets": 4294967295, "rx_unicast_packets": 4294967295, )"
+        R"("tx_multicast_packets": 4294967295, "rx_multicast_packets": 4294967295, "tx_broadcast_packets": 4294967295, )"
+        R"("rx_broadcast_packets": 4294967295, "tx_pause_packets": 4294967295, "rx_pause_packets": 4294967295, )"
+        R"("fec_errors": 4294967295, "hec_errors": 4294967295, "dropped_packets": 4294967295})");
+}
+
+TEST_F(PonCountersTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(PonCountersTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
 }
 
 TEST_F(PonCountersTo, SurvivesFailingMemory)

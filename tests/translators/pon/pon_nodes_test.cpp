@@ -67,6 +67,19 @@ TEST_F(PonNodesTo, LeavesOutAModelThatIsNotUtf8)
     EXPECT_EQ(object(), R"({"id": "x", "ponOnuId": 0, "gpon_provisioning_state": 0})");
 }
 
+TEST_F(PonNodesTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(PonNodesTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
+}
+
 TEST_F(PonNodesTo, SurvivesFailingMemory)
 {
     add("7", sample);

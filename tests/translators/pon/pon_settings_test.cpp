@@ -91,6 +91,19 @@ TEST_F(PonSettingsTo, LeavesOutATextThatIsNotUtf8)
     EXPECT_THAT(object(), testing::EndsWith(R"("security": {"loid_password": "", "ploam_password": ""}})"));
 }
 
+TEST_F(PonSettingsTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(PonSettingsTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
+}
+
 TEST_F(PonSettingsTo, SurvivesFailingMemory)
 {
     add("7", sample);
@@ -101,24 +114,60 @@ TEST_F(PonSettingsTo, SurvivesFailingMemory)
 class PonSettingsFrom : public FromTest<kelmora_pon_settings> {
 protected:
     PonSettingsFrom() : FromTest(pon_settings_from_translator, sample_text) {}
+
+    void expect_oam_stored()
+    {
+        EXPECT_STREQ(record().oam_model_id, "M811");
+        EXPECT_STREQ(record().oam_vendor_id, "ACME");
+        EXPECT_STREQ(record().onu_id_mac, "021a11f03c01");
+        EXPECT_STREQ(record().oam_hardware_version, "v1.2");
+    }
+    void expect_oam_untouched()
+    {
+        EXPECT_TRUE(untouched(record().oam_model_id));
+        EXPECT_TRUE(untouched(record().oam_vendor_id));
+        EXPECT_TRUE(untouched(record().onu_id_mac));
+        EXPECT_TRUE(untouched(record().oam_hardware_version));
+    }
+
+    void expect_omci_stored()
+    {
+        EXPECT_STREQ(record().omci_model_id, "K20-max");
+        EXPECT_STREQ(record().omci_vendor_id, "ACME");
+        EXPECT_STREQ(record().serial_number, "ACME1F03C01A");
+        EXPECT_STREQ(record().omci_hardware_version, "v2.0");
+        EXPECT_EQ(record().olt_profile, 3);
+    }
+    void expect_omci_untouched()
+    {
+        EXPECT_TRUE(untouched(record().omci_model_id));
+        EXPECT_TRUE(untouched(record().omci_vendor_id));
+        EXPECT_TRUE(untouched(record().serial_number));
+        EXPECT_TRUE(untouched(record().omci_hardware_version));
+        EXPECT_TRUE(untouched(record().olt_profile));
+    }
+
+    void expect_security_stored()
+    {
+        EXPECT_STREQ(record().loid, "customer 4711");
+        EXPECT_STREQ(record().loid_password, "seven herons");
+        EXPECT_STREQ(record().ploam_password, "at dusk");
+    }
+    void expect_security_untouched()
+    {
+        EXPECT_TRUE(untouched(record().loid));
+        EXPECT_TRUE(untouched(record().loid_password));
+        EXPECT_TRUE(untouched(record().ploam_password));
+    }
 };
 
 TEST_F(PonSettingsFrom, StoresEveryKey)
 {
     EXPECT_TRUE(accepts(sample_text));
     EXPECT_STREQ(record().mode, "GPON");
-    EXPECT_STREQ(record().oam_model_id, "M811");
-    EXPECT_STREQ(record().oam_vendor_id, "ACME");
-    EXPECT_STREQ(record().onu_id_mac, "021a11f03c01");
-    EXPECT_STREQ(record().oam_hardware_version, "v1.2");
-    EXPECT_STREQ(record().omci_model_id, "K20-max");
-    EXPECT_STREQ(record().omci_vendor_id, "ACME");
-    EXPECT_STREQ(record().serial_number, "ACME1F03C01A");
-    EXPECT_STREQ(record().omci_hardware_version, "v2.0");
-    EXPECT_EQ(record().olt_profile, 3);
-    EXPECT_STREQ(record().loid, "customer 4711");
-    EXPECT_STREQ(record().loid_password, "seven herons");
-    EXPECT_STREQ(record().ploam_password, "at dusk");
+    expect_oam_stored();
+    expect_omci_stored();
+    expect_security_stored();
 }
 
 TEST_F(PonSettingsFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -160,27 +209,49 @@ TEST_F(PonSettingsFrom, ChangesTheModeAloneWhenTheGroupsAreEmpty)
 
 TEST_F(PonSettingsFrom, TakesAGroupThatIsNoObjectForAnEmptyOne)
 {
-    for (const char *group : {"null", "1", "\"oam\"", "true", "[]", R"([{"model_id": "M9"}])"}) {
-        make_stale();
-        EXPECT_TRUE(accepts(with(sample_text, "oam", group)));
-        EXPECT_TRUE(untouched(record().oam_model_id));
-        EXPECT_STREQ(record().omci_model_id, "K20-max");
+    for (const std::string group : {"oam", "omci", "security"}) {
+        for (const char *other : {"null", "1", "\"text\"", "true", "[]", R"([{"model_id": "M9", "loid": "9"}])"}) {
+            make_stale();
+            EXPECT_TRUE(accepts(with(sample_text, group, other)));
+            EXPECT_STREQ(record().mode, "GPON");
+            if (group == "oam")
+                expect_oam_untouched();
+            else
+                expect_oam_stored();
+            if (group == "omci")
+                expect_omci_untouched();
+            else
+                expect_omci_stored();
+            if (group == "security")
+                expect_security_untouched();
+            else
+                expect_security_stored();
+        }
     }
 }
 
 TEST_F(PonSettingsFrom, KeepsWhatWasStoredBeforeAMissingGroup)
 {
     make_stale();
-    EXPECT_TRUE(rejects(without(sample_text, "security"), "security", "security fields not found"));
-    EXPECT_STREQ(record().mode, "GPON");
-    EXPECT_STREQ(record().oam_hardware_version, "v1.2");
-    EXPECT_EQ(record().olt_profile, 3);
-    EXPECT_TRUE(untouched(record().loid));
-
-    make_stale();
     EXPECT_TRUE(rejects(without(sample_text, "oam"), "oam", "oam fields not found"));
     EXPECT_STREQ(record().mode, "GPON");
-    EXPECT_TRUE(untouched(record().omci_model_id));
+    expect_oam_untouched();
+    expect_omci_untouched();
+    expect_security_untouched();
+
+    make_stale();
+    EXPECT_TRUE(rejects(without(sample_text, "omci"), "omci", "omci fields not found"));
+    EXPECT_STREQ(record().mode, "GPON");
+    expect_oam_stored();
+    expect_omci_untouched();
+    expect_security_untouched();
+
+    make_stale();
+    EXPECT_TRUE(rejects(without(sample_text, "security"), "security", "security fields not found"));
+    EXPECT_STREQ(record().mode, "GPON");
+    expect_oam_stored();
+    expect_omci_stored();
+    expect_security_untouched();
 }
 
 TEST_F(PonSettingsFrom, CutsTextsToTheirGroupsOwnWidths)

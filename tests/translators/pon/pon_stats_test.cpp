@@ -57,6 +57,19 @@ TEST_F(PonStatsTo, WritesNumbersAsUnsigned)
                         R"("pps": {"tx": 2147483648, "rx": 4294967293}})");
 }
 
+TEST_F(PonStatsTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(PonStatsTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
+}
+
 TEST_F(PonStatsTo, SurvivesFailingMemory)
 {
     add("7", sample);

@@ -96,6 +96,32 @@ TEST_F(PonStatusTo, CutsTextsThatFillTheirFields)
     EXPECT_THAT(text, testing::HasSubstr(R"("current_mode": "cccc"})"));
 }
 
+TEST_F(PonStatusTo, LeavesOutEachTextThatIsNotUtf8)
+{
+    kelmora_pon_status &status = add("7", sample);
+    set(status.part_number, "caf\xE9");
+    EXPECT_EQ(object(), without(sample_text, "part_number"));
+    status = sample;
+    set(status.vendor_name, "caf\xE9");
+    EXPECT_EQ(object(), without(sample_text, "vendor_name"));
+    status = sample;
+    set(status.current_mode, "caf\xE9");
+    EXPECT_EQ(object(), without(sample_text, "current_mode"));
+}
+
+TEST_F(PonStatusTo, CutsAnIdThatFillsItsField)
+{
+    add("", sample);
+    fill_whole(nodes_.front().resource()->id, 'i');
+    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
+}
+
+TEST_F(PonStatusTo, LeavesOutAnIdThatIsNotUtf8)
+{
+    add("caf\xE9", sample);
+    EXPECT_EQ(object(), without(sample_text, "id"));
+}
+
 TEST_F(PonStatusTo, SurvivesFailingMemory)
 {
     add("7", sample);

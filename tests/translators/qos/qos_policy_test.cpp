@@ -111,10 +111,10 @@ TEST_F(QosPolicyTo, WalksAllNodesWhateverTheCountSays)
     add("a", sample);
     add("b", sample);
     add("c", sample);
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all, AllOf(HasSubstr("\"id\": \"a\""), HasSubstr("\"id\": \"b\""), HasSubstr("\"id\": \"c\"")));
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(4294967295), all);
+    const std::string all =
+        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
+    for (const std::uint32_t count : {1U, 3U, 4294967295U})
+        EXPECT_EQ(list_counting(count), all);
 }
 
 TEST_F(QosPolicyTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
@@ -359,7 +359,7 @@ TEST(QosPolicy, WritesBackTheLow8BitsOfAWeight)
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("policy", kelmora_host::Record(kelmora_qos_policy{}));
     const std::string text = with(document, "queue_config.1.weight", "300");
-    EXPECT_EQ(qos_policy_from_translator(nodes.front().resource(), text.c_str(), nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(qos_policy_from_translator, nodes.front(), text).result, 1);
     EXPECT_THAT(kelmora_host::read(qos_policy_to_translator, nodes, false).text, HasSubstr("\"weight\": 44\n"));
 }
 
@@ -367,7 +367,7 @@ TEST(QosPolicy, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("policy", kelmora_host::Record(kelmora_qos_policy{}));
-    EXPECT_EQ(qos_policy_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(qos_policy_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(qos_policy_to_translator, nodes, false).text, sample_text);
 }
 

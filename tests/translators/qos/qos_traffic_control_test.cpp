@@ -369,7 +369,7 @@ TEST(QosTrafficControl, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("limit/ä", kelmora_host::Record(kelmora_qos_traffic_control{}));
-    EXPECT_EQ(qos_traffic_control_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(qos_traffic_control_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(qos_traffic_control_to_translator, nodes, false).text, sample_text);
 }
 

@@ -448,7 +448,7 @@ TEST(Tr069Config, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("cwmp", kelmora_host::Record(kelmora_tr069_config{}));
-    EXPECT_EQ(tr069_config_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(tr069_config_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(tr069_config_to_translator, nodes, false).text, sample_text);
 }
 

@@ -120,6 +120,7 @@ TEST_F(Tr069InformFrom, AcceptsAnythingAndTouchesNothing)
     const char *cause = record().cause;
     for (const char *text : {"", "{", R"({"status": 7, "cause": "written"})", "{}", "[]", "nonsense"}) {
         EXPECT_TRUE(accepts(text));
+        EXPECT_EQ(fetches_, 0U);
         EXPECT_EQ(record().status, 2U);
         ASSERT_EQ(record().cause, cause);
         EXPECT_STREQ(record().cause, "as the host left it");

@@ -2,6 +2,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
+#include "host/lists.h"
 #include "host/roads.h"
 
 #include "kelmora_json.h"
@@ -176,17 +177,16 @@ TEST_F(Tr369LocalAgentControllerTo, WritesManyMtpsIntoALargerBuffer)
 {
     Controller &controller = add("controller1");
     std::string expected = std::string(empty_text).substr(0, std::string(empty_text).size() - 2);
-    for (std::uint32_t protocol = 200; protocol > 100; --protocol) {
-        auto *mtp = kelmora_host::make_chain<Mtp>({{.protocol = protocol}});
+    for (int i = 100; i > 0; --i) {
+        auto *mtp = kelmora_host::make_chain<Mtp>({{.protocol = 1, .variant = {.mqtt = {}}}});
+        set(mtp->variant.mqtt.reference, std::to_string(i));
         mtp->next = controller.mtp;
         controller.mtp = mtp;
     }
-    for (int protocol = 101; protocol <= 200; ++protocol)
-        expected += R"({"enabled": false, "protocol": )" + std::to_string(protocol) + (protocol < 200 ? "}, " : "}]}");
+    for (int i = 1; i <= 100; ++i)
+        expected += R"({"enabled": false, "protocol": 1, "mqtt": {"reference": ")" + std::to_string(i) +
+                    R"(", "reference_topic": ""}})" + (i < 100 ? ", " : "]}");
     EXPECT_EQ(object(), expected);
-    for (Mtp *mtp = controller.mtp; mtp != nullptr; mtp = mtp->next)
-        mtp->protocol = 1;
-    EXPECT_GT(object().size(), 4096U);
     EXPECT_EQ(reallocations_, 1U);
 }
 
@@ -227,6 +227,7 @@ std::string with_elements(std::initializer_list<std::string> elements)
 class Tr369LocalAgentControllerFrom : public FromTest<Controller> {
 protected:
     Tr369LocalAgentControllerFrom() : FromTest(tr369_local_agent_controller_from_translator, document) {}
+    ~Tr369LocalAgentControllerFrom() override { kelmora_host::on_add_entry = nullptr; }
 
     /// The protocols of the entries that the host was given.
     std::vector<std::uint32_t> protocols()
@@ -364,6 +365,23 @@ TEST_F(Tr369LocalAgentControllerFrom, AddsEachOfManyMtpsOnce)
         EXPECT_TRUE(accepts(with(document, "mtp", json.empty() ? "[]" : json + "]")));
         EXPECT_EQ(protocols(), expected);
     }
+}
+
+TEST_F(Tr369LocalAgentControllerFrom, HandsEachMtpOverUnlinkedWithTheRequestsErrors)
+{
+    kelmora_errorlist errors;
+    Protocols handed_over;
+    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) {
+        EXPECT_EQ(entry.record, &record());
+        EXPECT_EQ(entry.reserved, 0);
+        EXPECT_EQ(entry.errors, &errors);
+        const auto *mtp = static_cast<const Mtp *>(entry.node);
+        EXPECT_EQ(mtp->next, nullptr);
+        handed_over.push_back(mtp->protocol);
+    };
+    const std::string text = with_elements({mqtt_json, unknown_json, websocket_json});
+    EXPECT_EQ(tr369_local_agent_controller_from_translator(node_.resource(), text.c_str(), &errors), 1);
+    EXPECT_EQ(handed_over, (Protocols{1, 7, 0}));
 }
 
 TEST_F(Tr369LocalAgentControllerFrom, TakesAVariantThatIsNoObjectOrMissingForAnEmptyOne)

@@ -1,6 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
+#include "host/lists.h"
 #include "host/roads.h"
 
 #include "kelmora_json.h"
@@ -179,6 +180,7 @@ constexpr char document[] = R"({
 class Tr369MqttClientFrom : public FromTest<Client> {
 protected:
     Tr369MqttClientFrom() : FromTest(tr369_mqtt_client_from_translator, document) {}
+    ~Tr369MqttClientFrom() override { kelmora_host::on_add_entry = nullptr; }
 
     /// What the host was given, in short.
     std::vector<std::string> subscriptions()
@@ -335,6 +337,22 @@ TEST_F(Tr369MqttClientFrom, AddsEachOfManySubscriptionsOnce)
     }
 }
 
+TEST_F(Tr369MqttClientFrom, HandsEachSubscriptionOverUnlinkedWithTheRequestsErrors)
+{
+    kelmora_errorlist errors;
+    Texts topics;
+    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) {
+        EXPECT_EQ(entry.record, &record());
+        EXPECT_EQ(entry.reserved, 0);
+        EXPECT_EQ(entry.errors, &errors);
+        const auto *subscription = static_cast<const Subscription *>(entry.node);
+        EXPECT_EQ(subscription->next, nullptr);
+        topics.emplace_back(subscription->topic);
+    };
+    EXPECT_EQ(tr369_mqtt_client_from_translator(node_.resource(), document, &errors), 1);
+    EXPECT_EQ(topics, (Texts{"first topic", "second topic"}));
+}
+
 TEST_F(Tr369MqttClientFrom, LeavesNothingOfALongerTopicBehindAShorterOne)
 {
     EXPECT_TRUE(accepts(with(document, "subscription.0.topic", '"' + std::string(300, 't') + '"')));
@@ -388,7 +406,7 @@ TEST(Tr369MqttClient, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("client0", kelmora_host::Record(Client{}));
-    EXPECT_EQ(tr369_mqtt_client_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(tr369_mqtt_client_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(tr369_mqtt_client_to_translator, nodes, false).text, sample_text);
 }
 

@@ -338,7 +338,8 @@ TEST_F(InterfaceFrom, CutsTextsToTheirField)
 TEST_F(InterfaceFrom, ReportsTheListThatNoMemoryIsLeftFor)
 {
     allocations::pass();
-    EXPECT_EQ(interface_from_translator(node_.resource(), document, nullptr), 1);
+    kelmora_errorlist errors;
+    EXPECT_EQ(interface_from_translator(node_.resource(), document, &errors), 1);
     const std::size_t last = allocations::asked_for(); // the third address
     make_stale();
     allocations::fail(last, Failing::once);

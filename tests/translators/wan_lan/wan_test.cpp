@@ -443,7 +443,7 @@ TEST(Wan, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("wan0", kelmora_host::Record(kelmora_wan{}));
-    EXPECT_EQ(wan_from_translator(nodes.front().resource(), sample_text, nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(wan_from_translator, nodes.front(), sample_text).result, 1);
     EXPECT_EQ(kelmora_host::read(wan_to_translator, nodes, false).text, sample_text);
 }
 

@@ -147,6 +147,7 @@ TEST_F(SiteSurveyFrom, AcceptsAnythingAndTouchesNothing)
     for (const char *text : {"", "{", R"({"ssid": "written"})", "[]", "nonsense"}) {
         EXPECT_TRUE(accepts(text));
         EXPECT_TRUE(untouched(record()));
+        EXPECT_EQ(fetches_, 0U);
     }
     EXPECT_EQ(site_survey_from_translator(nullptr, nullptr, nullptr), 1);
 }

@@ -269,7 +269,7 @@ TEST(Wireless, WritesBackTheThresholdAndTheCodesThatWereStored)
 {
     kelmora_host::Node node("wlan0", kelmora_host::Record(kelmora_wireless{}));
     const std::string text = with(with(document, "client_mode_rssi", "-70"), "cipher", "4294967295");
-    EXPECT_EQ(wireless_from_translator(node.resource(), text.c_str(), nullptr), 1);
+    EXPECT_EQ(kelmora_host::write(wireless_from_translator, node, text).result, 1);
     std::vector<kelmora_host::Node> nodes{node};
     EXPECT_THAT(kelmora_host::read(wireless_to_translator, nodes, false).text,
                 AllOf(HasSubstr(R"("client_mode_rssi": -70)"), HasSubstr(R"("cipher": 4294967295)")));
