@@ -21,7 +21,7 @@ for fuzzer in from_fuzzer round_trip_fuzzer; do
     if [ "$1" = --minimise ]; then
         rm -rf "$kept"
         mkdir -p "$kept"
-        "$programs/$fuzzer" -merge=1 "$kept" build/fuzz/seeds "$work/$fuzzer" >"build/fuzz/$fuzzer.log" 2>&1
+        "$programs/$fuzzer" -set_cover_merge=1 "$kept" build/fuzz/seeds "$work/$fuzzer" >"build/fuzz/$fuzzer.log" 2>&1
         continue
     fi
     # A document may be deep, but not slow.
