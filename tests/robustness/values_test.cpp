@@ -396,8 +396,8 @@ class DecimalComma : public testing::Test {
 protected:
     void SetUp() override
     {
-        if (std::system("command -v localedef >/dev/null") != 0)
-            GTEST_SKIP() << "no localedef to make a locale with a decimal comma";
+        if (!std::filesystem::exists("/usr/share/i18n/charmaps"))
+            GTEST_SKIP() << "no character maps to make a locale with a decimal comma of: the package locales has them";
         folder_ = std::filesystem::temp_directory_path() / ("decimal-comma-XXXXXX");
         std::string pattern = folder_.string();
         ASSERT_NE(mkdtemp(pattern.data()), nullptr);
