@@ -26,7 +26,7 @@ test: ## the quick inner loop: the tests on x86-64
 soak: ## CALLS (1000000) random reads and writes, with documents kept as by contract, then with none kept
 	@sh scripts/soak.sh $(or $(CALLS),1000000)
 
-fuzz: ## runs each fuzzer for SECONDS (60) over the kept corpus
+fuzz: ## runs both fuzzers for SECONDS (60) over the kept corpus
 	@sh scripts/fuzz.sh $(or $(SECONDS),60)
 
 coverage: dependencies ## the lines and branches of the library that the unit tests run; fails below 100 % and 95 %
