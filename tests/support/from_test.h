@@ -65,8 +65,9 @@ protected:
     void expect_required_in_order(const std::vector<RequiredKey> &keys);
 
     /// With each allocation failing in turn, that one alone or all from there on: no crash, nothing leaked, one error
-    /// at most, and what is accepted is stored right. jansson 2.14's parser itself aborts when its first buffer cannot
-    /// grow at a closing quote: the first text or key of 14 or more characters must not have exactly 14.
+    /// at most, and what is accepted is stored right. jansson 2.14's parser itself aborts when its buffer cannot grow
+    /// at a closing quote: the first text or key of 14 or more characters must not have exactly 14, nor that of 30 or
+    /// more exactly 30, and so on.
     void expect_survives_failing_memory();
 
     // The rules of one key. `field` is where the record keeps it.
