@@ -5,6 +5,7 @@
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp)
+find_path(CALLGRIND_INCLUDE_DIR valgrind/callgrind.h)
 find_path(GOOGLETEST_SOURCE_DIR googletest/CMakeLists.txt PATHS /usr/src/googletest NO_DEFAULT_PATH
                                                                 NO_CMAKE_FIND_ROOT_PATH)
 if(NOT GOOGLETEST_SOURCE_DIR)

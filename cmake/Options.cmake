@@ -5,6 +5,7 @@ set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in 
 set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
 option(KELMORA_BUILD_FUZZERS "Build the fuzzers, and the library ready for them; with clang" OFF)
+option(KELMORA_BUILD_BENCH "Build the benchmarks" OFF)
 option(KELMORA_COVERAGE "Count which of the library's lines and branches run; the tests alone can be built" OFF)
 set(KELMORA_OPTIMIZATION -Os CACHE STRING "How the compiler optimizes the library")
 option(KELMORA_BUILD_HOST "Build kelmora-host, the development host, where its dependencies are" ON)
@@ -50,6 +51,8 @@ target_compile_options(
               -fvisibility=hidden
               -fno-stack-protector
               -U_FORTIFY_SOURCE
+              $<$<AND:$<CXX_COMPILER_ID:GNU>,$<STREQUAL:${CMAKE_SYSTEM_PROCESSOR},x86_64>>:-mstringop-strategy=libcall
+              -fno-builtin-strlen>
               $<$<BOOL:${KELMORA_COVERAGE}>:--coverage>
               $<$<BOOL:${KELMORA_BUILD_FUZZERS}>:-fsanitize=fuzzer-no-link>
               $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden

@@ -165,7 +165,7 @@ public:
 
     class Iterator {
     public:
-        Iterator(const Elements &elements, std::size_t index) : elements_(&elements), index_(index) {}
+        explicit Iterator(const Elements &elements) : elements_(&elements), size_(elements.size()) {}
         Decoder operator*() const { return (*elements_)[index_]; }
         Iterator &operator++()
         {
@@ -173,14 +173,15 @@ public:
             return *this;
         }
         /// Asked before each round: is there another element, and no failure?
-        bool operator!=(std::nullptr_t /*end*/) const { return index_ < elements_->size(); }
+        bool operator!=(std::nullptr_t /*end*/) const { return index_ < size_ && elements_->call_->ok; }
 
     private:
         const Elements *elements_;
-        std::size_t index_;
+        std::size_t size_;
+        std::size_t index_ = 0;
     };
 
-    [[nodiscard]] Iterator begin() const { return {*this, 0}; }
+    [[nodiscard]] Iterator begin() const { return Iterator(*this); }
     [[nodiscard]] static std::nullptr_t end() { return nullptr; }
 
 private:

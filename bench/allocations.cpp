@@ -1,0 +1,38 @@
+// Prints what each case asks of the heap, of the library and of its floor: "NAME ALLOCATIONS PEAK".
+#include "bench/calls.h"
+#include "bench/heap.h"
+
+#include <exception>
+#include <iostream>
+
+namespace kelmora_bench {
+
+namespace {
+
+template <class Call> void count(const Case &measured, const char *side, Call &call)
+{
+    call.prepare();
+    watch_heap();
+    call.make();
+    const HeapUse use = heap_use();
+    std::cout << measured.workload.resource << " " << measured.direction << " " << measured.size << " " << side << " "
+              << use.allocations << " " << use.peak << "\n";
+}
+
+} // namespace
+
+} // namespace kelmora_bench
+
+int main()
+{
+    using namespace kelmora_bench;
+    try {
+        for_each_case([](const Case &measured, auto &library, auto &floor) {
+            count(measured, "library", library);
+            count(measured, "floor", floor);
+        });
+    } catch (const std::exception &error) {
+        std::cerr << "kelmora-bench-allocations: error: " << error.what() << "\n";
+        return 1;
+    }
+}

@@ -1,0 +1,88 @@
+#ifndef KELMORA_BENCH_FLOORS_JSON_H
+#define KELMORA_BENCH_FLOORS_JSON_H
+
+#include "kelmora_host.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <jansson.h>
+
+namespace kelmora_bench {
+
+inline constexpr std::size_t pretty = 2000;
+
+/// Renders and releases the document, and copies the text into the host's buffer.
+inline int render(json_t *document, std::size_t flags, char **out)
+{
+    char *text = json_dumps(document, flags);
+    const std::size_t size = std::strlen(text) + 1;
+    if (size > 4096)
+        *out = static_cast<char *>(std::realloc(*out, size));
+    std::memcpy(*out, text, size);
+    std::free(text);
+    json_decref(document);
+    return 1;
+}
+
+template <class Record> Record &record_of(kelmora_resource *node)
+{
+    return *static_cast<Record *>(kelmora_resource_get_data(node));
+}
+
+/// What every list resource does: one object a node, in an array.
+template <class Record, void (*fill)(json_t *object, const Record &record, const char *id)>
+int render_nodes(kelmora_resource *head, std::size_t flags, char **out)
+{
+    json_t *list = json_array();
+    for (kelmora_resource *node = head; node != nullptr; node = kelmora_resource_get_next(node)) {
+        json_t *object = json_object();
+        fill(object, record_of<const Record>(node), node->id);
+        json_array_append_new(list, object);
+    }
+    return render(list, flags, out);
+}
+
+/// Parses a document, reads it into the node's record and releases it.
+template <class Record, void (*read)(const json_t *in, Record &record)>
+int read_document(kelmora_resource *node, const char *text)
+{
+    json_t *document = json_loads(text, 0, nullptr);
+    read(document, record_of<Record>(node));
+    json_decref(document);
+    return 1;
+}
+
+template <std::size_t width> void store_text(char (&field)[width], const json_t *text)
+{
+    if (text == nullptr)
+        return;
+    std::strncpy(field, json_string_value(text), width - 1);
+    field[width - 1] = '\0';
+}
+
+template <class Integer> void store_integer(Integer &field, const json_t *integer)
+{
+    if (integer != nullptr)
+        field = static_cast<Integer>(json_integer_value(integer));
+}
+
+inline void store_boolean(std::uint8_t &field, const json_t *boolean)
+{
+    if (boolean != nullptr)
+        field = json_is_true(boolean) ? 1 : 0;
+}
+
+/// A new node at the end of a chain, all zeros. link: where it is hung, and then where the next one goes.
+template <class Node> Node *append(Node **&link)
+{
+    auto *node = static_cast<Node *>(std::calloc(1, sizeof(Node)));
+    *link = node;
+    link = &node->next;
+    return node;
+}
+
+} // namespace kelmora_bench
+
+#endif

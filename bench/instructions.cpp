@@ -1,0 +1,39 @@
+// Run under callgrind: counts the instructions of each case, of the library and of its floor.
+#include "bench/callgrind.h"
+#include "bench/calls.h"
+
+#include <exception>
+#include <iostream>
+#include <jansson.h>
+#include <string>
+
+namespace kelmora_bench {
+
+namespace {
+
+void run()
+{
+    json_object_seed(1); // or the order in its hash tables, and with it the counts, would change from run to run
+    for_each_case([](const Case &measured, auto &library, auto &floor) {
+        const std::string name =
+            std::string(measured.workload.resource) + " " + measured.direction + " " + std::to_string(measured.size);
+        library.prepare();
+        floor.prepare();
+        count_instructions(name + " library", [&] { library.make(); });
+        count_instructions(name + " floor", [&] { floor.make(); });
+    });
+}
+
+} // namespace
+
+} // namespace kelmora_bench
+
+int main()
+{
+    try {
+        kelmora_bench::run();
+    } catch (const std::exception &error) {
+        std::cerr << "kelmora-bench-instructions: error: " << error.what() << "\n";
+        return 1;
+    }
+}

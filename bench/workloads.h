@@ -1,0 +1,54 @@
+#ifndef KELMORA_BENCH_WORKLOADS_H
+#define KELMORA_BENCH_WORKLOADS_H
+
+#include "host/node.h"
+
+#include "kelmora_host.h"
+
+#include <cstddef>
+#include <set>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelmora_bench {
+
+using Nodes = std::vector<kelmora_host::Node>;
+
+/// A resource that is measured beside its floor: the shortest sequence of calls of the JSON library that yields the
+/// same document, or reads the same keys, written by hand.
+struct Workload {
+    std::string_view resource;
+    std::string_view unit; ///< what a request has `size` of: nodes, or what hangs on one node
+    std::size_t usual;     ///< how many of them a gateway may well have
+
+    Nodes (*make_nodes)(std::string_view resource, std::size_t size);
+    const char *list; ///< the list of a document that has `size` elements; NULL when a document has always one size
+
+    kelmora_to_translator to_floor;
+    kelmora_from_translator from_floor; ///< NULL where the resource reads no document
+
+    /// The sizes to measure: the usual one and those that show growth; of documents just 1 when they do not grow, and
+    /// none when there are none.
+    [[nodiscard]] std::set<std::size_t> sizes() const { return {1, 16, 64, 256, usual}; }
+    [[nodiscard]] std::set<std::size_t> document_sizes() const
+    {
+        if (from_floor == nullptr)
+            return {};
+        return list != nullptr ? sizes() : std::set<std::size_t>{1};
+    }
+
+    /// The nodes of a request of this size, made of the development host's samples.
+    [[nodiscard]] Nodes nodes(std::size_t size) const { return make_nodes(resource, size); }
+
+    /// A document of this size, made of the resource's example.
+    [[nodiscard]] std::string document(std::size_t size) const;
+};
+
+/// The resources that are measured so.
+[[nodiscard]] std::span<const Workload> workloads();
+
+} // namespace kelmora_bench
+
+#endif

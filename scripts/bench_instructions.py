@@ -1,0 +1,94 @@
+#!/usr/bin/env python3
+"""Instructions, allocations and peak heap of the library beside its floors, and what each further record costs.
+
+Runs two programs of bench/, the first under callgrind, and prints tables. With --check it prints what is past its bound
+only, and fails for it.
+"""
+
+import argparse
+import subprocess
+import sys
+
+from callgrind import BUILD, count_instructions
+
+RATIO = 1.02  # bound of the library's instructions, in those of the floor
+PEAK = 256  # bytes that the library's peak heap may lie above the floor's
+GROWTH = 1.05  # bound of how much the cost of a record differs between the growing sizes, in the floor's difference
+GROWING = (16, 64, 256)
+SIDES = ("library", "floor")
+
+
+def count_heap():
+    """{"RESOURCE DIRECTION SIZE SIDE": (allocations, peak bytes)}"""
+    run = subprocess.run([BUILD / "kelmora-bench-allocations"], capture_output=True, text=True, check=False)
+    if run.returncode != 0:
+        sys.exit(f"kelmora-bench-allocations: {run.stderr}")
+    words = (line.rsplit(maxsplit=2) for line in run.stdout.splitlines())
+    return {name: (int(allocations), int(peak)) for name, allocations, peak in words}
+
+
+def measure_growth(instructions, cases):
+    """{"RESOURCE DIRECTION": {side: [what each record but the first costs, at the growing sizes]}}"""
+    growth = {}
+    for case in cases:
+        name, size = case.rsplit(maxsplit=1)
+        if int(size) not in GROWING:
+            continue
+        for side in SIDES:
+            further = instructions[f"{case} {side}"] - instructions[f"{name} 1 {side}"]
+            growth.setdefault(name, {}).setdefault(side, []).append(further / (int(size) - 1))
+    return growth
+
+
+def spread(costs):
+    return max(costs) / min(costs)
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("--check", action="store_true", help="print what is past its bound only, and fail for it")
+    check = arguments.parse_args().check
+
+    instructions = count_instructions("kelmora-bench-instructions")
+    heap = count_heap()
+    cases = [name.removesuffix(" library") for name in heap if name.endswith(" library")]
+    growth = measure_growth(instructions, cases)
+
+    faults = []
+    ratios = []
+    table = [f"{'':36}{'instructions':>24}{'':9}{'allocations':>16}{'peak heap, bytes':>22}",
+             f"{'':36}" + f"{'library':>12}{'floor':>12}{'ratio':>9}" + f"{'library':>8}{'floor':>8}" +
+             f"{'library':>11}{'floor':>11}"]
+    for case in cases:
+        cost, floor = (instructions[f"{case} {side}"] for side in SIDES)
+        (allocations, peak), (floor_allocations, floor_peak) = (heap[f"{case} {side}"] for side in SIDES)
+        ratios.append(cost / floor)
+        table.append(f"{case:36}{cost:>12}{floor:>12}{ratios[-1]:>9.4f}{allocations:>8}{floor_allocations:>8}"
+                     f"{peak:>11}{floor_peak:>11}")
+        if ratios[-1] > RATIO:
+            faults.append(f"{case}: {ratios[-1]:.4f} of the floor's instructions")
+        if allocations > floor_allocations:
+            faults.append(f"{case}: {allocations} allocations, the floor {floor_allocations}")
+        if peak > floor_peak + PEAK:
+            faults.append(f"{case}: a peak heap of {peak} bytes, the floor {floor_peak}")
+
+    table += ["", f"{'instructions of each further record':36}" + "".join(f"{f'at {size}':>9}" for size in GROWING) +
+              f"{'spread':>9}{'of the floor':>14}"]
+    for name, costs in growth.items():
+        spreads = [spread(costs[side]) for side in SIDES]
+        table.append(f"{name:36}" + "".join(f"{cost:>9.0f}" for cost in costs["library"]) +
+                     f"{spreads[0]:>9.3f}{spreads[1]:>14.3f}")
+        if spreads[0] > GROWTH * spreads[1]:
+            faults.append(f"{name}: the cost of a record spreads by {spreads[0]:.3f}, the floor's by {spreads[1]:.3f}")
+
+    if check:
+        print(f"{len(cases)} cases, the highest ratio of instructions {max(ratios):.4f} (bound {RATIO})")
+    else:
+        print("\n".join(table))
+    for fault in faults:
+        print(f"past its bound: {fault}", file=sys.stderr)
+    sys.exit(1 if check and faults else 0)
+
+
+if __name__ == "__main__":
+    main()
