@@ -3,14 +3,14 @@
 RELEASE = build/release
 SOURCES = $(shell git ls-files '*.h' '*.c' '*.cpp')
 
-.PHONY: all help demo check test soak fuzz coverage mutation mips debug asan tsan lint format install dependencies clean
+.PHONY: all help demo check test soak fuzz coverage mutation bench bench-instructions mips debug asan tsan lint format install dependencies clean
 .DEFAULT_GOAL := all
 
 all: ## the release library, build/release/libkelmora_json.so.1.3.0
 	@sh scripts/build.sh release kelmora_json
 
 help: ## this list
-	@awk -F ':.*## ' '/^[a-z ]+:.*## / { printf "  make %-16s %s\n", $$1, $$2 }' Makefile
+	@awk -F ':.*## ' '/^[a-z ]+:.*## / { printf "  make %-20s %s\n", $$1, $$2 }' Makefile
 
 demo: dependencies ## the main job on real input, with the development host
 	@sh scripts/build.sh release kelmora_json kelmora-host
@@ -34,6 +34,14 @@ coverage: dependencies ## the lines and branches of the library that the unit te
 
 mutation: dependencies ## makes a sample of small faults in the library, one at a time; 95 % must fail a unit test
 	@python3 scripts/mutate.py
+
+bench: dependencies ## times every translator, a dozen beside the least that the JSON library takes for the same
+	@sh scripts/build.sh release kelmora-bench
+	@$(RELEASE)/kelmora-bench --benchmark_min_time=0.2
+
+bench-instructions: dependencies ## counts instructions, allocations and heap of the dozen and of that least
+	@sh scripts/build.sh release kelmora-bench-instructions kelmora-bench-allocations
+	@python3 scripts/bench_instructions.py
 
 mips: ## the target's library, host and tests, in build/mips
 	@sh scripts/build-mips-sysroot.sh

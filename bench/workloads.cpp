@@ -8,6 +8,7 @@
 
 #include "kelmora_records.h"
 
+#include <filesystem>
 #include <jansson.h>
 
 namespace kelmora_bench {
@@ -19,19 +20,13 @@ using kelmora_host::Free;
 using kelmora_host::Json;
 using kelmora_host::Owned;
 
-Nodes &samples(std::string_view resource)
-{
-    static kelmora_host::Gateway gateway = kelmora_host::sample_gateway();
-    return gateway.nodes(resource);
-}
-
 /// `size` copies of the resource's samples.
 Nodes copies(std::string_view resource, std::size_t size)
 {
     Nodes nodes;
     nodes.reserve(size);
     for (std::size_t i = 0; i < size; ++i)
-        nodes.push_back(samples(resource)[i % samples(resource).size()]);
+        nodes.push_back(sample_nodes(resource)[i % sample_nodes(resource).size()]);
     return nodes;
 }
 
@@ -64,7 +59,7 @@ template <class Element> Element *grown(const Element *chain, std::size_t size)
 template <class Record, class Element, Element *Record::*chain>
 Nodes one_with_chain(std::string_view resource, std::size_t size)
 {
-    Nodes nodes{samples(resource).front()};
+    Nodes nodes{sample_nodes(resource).front()};
     Element *&first = nodes.front().record().as<Record>().*chain;
     Element *sample = first;
     first = grown(sample, size);
@@ -93,7 +88,7 @@ kelmora_easymesh_neighbor *neighbor_tree(const kelmora_easymesh_neighbor &sample
 
 Nodes mesh(std::string_view resource, std::size_t size)
 {
-    Nodes nodes{samples(resource).front()};
+    Nodes nodes{sample_nodes(resource).front()};
     kelmora_easymesh_neighbor *&neighbors = nodes.front().record().as<kelmora_easymesh>().neighbors;
     kelmora_easymesh_neighbor *sample = neighbors;
     neighbors = neighbor_tree(*sample, size);
@@ -125,20 +120,38 @@ constexpr Workload all[] = {
     {"datetime", "nodes", 1, copies, nullptr, datetime_to_floor, datetime_from_floor},
 };
 
+Json read_example(std::string_view resource)
+{
+    const std::string file = KELMORA_EXAMPLES "/" + std::string(resource) + ".json";
+    return Json(std::filesystem::exists(file) ? json_loads(kelmora_host::read_input(file).text.c_str(), 0, nullptr)
+                                              : nullptr);
+}
+
 } // namespace
+
+const Nodes &sample_nodes(std::string_view resource)
+{
+    static kelmora_host::Gateway gateway = kelmora_host::sample_gateway();
+    return gateway.nodes(resource);
+}
+
+std::string example(std::string_view resource)
+{
+    const Json document = read_example(resource);
+    return document ? kelmora_host::to_text(document) : "";
+}
 
 std::string Workload::document(std::size_t size) const
 {
-    const std::string text = kelmora_host::read_input(KELMORA_EXAMPLES "/" + std::string(resource) + ".json").text;
-    const Json document(json_loads(text.c_str(), 0, nullptr));
-    if (list != nullptr) {
-        json_t *elements = json_object_get(document.get(), list);
-        const std::size_t given = json_array_size(elements);
-        json_t *grown = json_array();
-        for (std::size_t i = 0; i < size; ++i)
-            json_array_append(grown, json_array_get(elements, i % given));
-        json_object_set_new(document.get(), list, grown);
-    }
+    if (list == nullptr)
+        return example(resource);
+    const Json document = read_example(resource);
+    json_t *elements = json_object_get(document.get(), list);
+    const std::size_t given = json_array_size(elements);
+    json_t *grown = json_array();
+    for (std::size_t i = 0; i < size; ++i)
+        json_array_append(grown, json_array_get(elements, i % given));
+    json_object_set_new(document.get(), list, grown);
     return kelmora_host::to_text(document);
 }
 

@@ -46,6 +46,11 @@ struct Workload {
     [[nodiscard]] std::string document(std::size_t size) const;
 };
 
+/// The nodes of a resource in the development host's sample gateway, and its document in examples/ as one line; that is
+/// empty where there is none.
+[[nodiscard]] const Nodes &sample_nodes(std::string_view resource);
+[[nodiscard]] std::string example(std::string_view resource);
+
 /// The resources that are measured so.
 [[nodiscard]] std::span<const Workload> workloads();
 
