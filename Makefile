@@ -41,7 +41,10 @@ bench: dependencies ## times every translator, a dozen beside the least that the
 
 bench-instructions: dependencies ## counts instructions, allocations and heap of the dozen and of that least
 	@sh scripts/build.sh release kelmora-bench-instructions kelmora-bench-allocations
-	@python3 scripts/bench_instructions.py
+	@python3 scripts/bench_instructions.py release
+	@sh scripts/build-mips-sysroot.sh
+	@sh scripts/build.sh mips kelmora-bench-instructions kelmora-bench-allocations
+	@python3 scripts/bench_instructions.py mips
 
 mips: ## the target's library, host and tests, in build/mips
 	@sh scripts/build-mips-sysroot.sh

@@ -1,6 +1,6 @@
-// Run under callgrind: counts the instructions of each case, of the library and of its floor.
-#include "bench/callgrind.h"
+// Counts the instructions of each case, of the library and of its floor.
 #include "bench/calls.h"
+#include "bench/counting.h"
 
 #include <exception>
 #include <iostream>

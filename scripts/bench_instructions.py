@@ -1,15 +1,14 @@
 #!/usr/bin/env python3
 """Instructions, allocations and peak heap of the library beside its floors, and what each further record costs.
 
-Runs two programs of bench/, the first under callgrind, and prints tables. With --check it prints what is past its bound
+Runs two programs of bench/ as a preset built them, and prints tables. With --check it prints what is past its bound
 only, and fails for it.
 """
 
 import argparse
-import subprocess
 import sys
 
-from callgrind import BUILD, count_instructions
+from counting import count_instructions, run_program
 
 RATIO = 1.02  # bound of the library's instructions, in those of the floor
 PEAK = 256  # bytes that the library's peak heap may lie above the floor's
@@ -18,12 +17,10 @@ GROWING = (16, 64, 256)
 SIDES = ("library", "floor")
 
 
-def count_heap():
+def count_heap(preset):
     """{"RESOURCE DIRECTION SIZE SIDE": (allocations, peak bytes)}"""
-    run = subprocess.run([BUILD / "kelmora-bench-allocations"], capture_output=True, text=True, check=False)
-    if run.returncode != 0:
-        sys.exit(f"kelmora-bench-allocations: {run.stderr}")
-    words = (line.rsplit(maxsplit=2) for line in run.stdout.splitlines())
+    lines = run_program(preset, "kelmora-bench-allocations").splitlines()
+    words = (line.rsplit(maxsplit=2) for line in lines)
     return {name: (int(allocations), int(peak)) for name, allocations, peak in words}
 
 
@@ -47,10 +44,11 @@ def spread(costs):
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("--check", action="store_true", help="print what is past its bound only, and fail for it")
-    check = arguments.parse_args().check
+    arguments.add_argument("preset", choices=("release", "mips"), help="the build: this machine's or the target's")
+    options = arguments.parse_args()
 
-    instructions = count_instructions("kelmora-bench-instructions")
-    heap = count_heap()
+    instructions = count_instructions(options.preset, "kelmora-bench-instructions")
+    heap = count_heap(options.preset)
     cases = [name.removesuffix(" library") for name in heap if name.endswith(" library")]
     growth = measure_growth(instructions, cases)
 
@@ -81,13 +79,13 @@ def main():
         if spreads[0] > GROWTH * spreads[1]:
             faults.append(f"{name}: the cost of a record spreads by {spreads[0]:.3f}, the floor's by {spreads[1]:.3f}")
 
-    if check:
+    if options.check:
         print(f"{len(cases)} cases, the highest ratio of instructions {max(ratios):.4f} (bound {RATIO})")
     else:
         print("\n".join(table))
     for fault in faults:
         print(f"past its bound: {fault}", file=sys.stderr)
-    sys.exit(1 if check and faults else 0)
+    sys.exit(1 if options.check and faults else 0)
 
 
 if __name__ == "__main__":
