@@ -13,18 +13,17 @@ std::size_t field_length(const char *field, std::size_t width)
     return end != nullptr ? static_cast<std::size_t>(static_cast<const char *>(end) - field) : width;
 }
 
-json_t *string_of_field(const char *field, std::size_t width)
+json_t *string_of(const char *text, std::size_t width)
 {
     if (width == 0)
         return json_string("");
-    // Most fields are NULs to their end, which spares the search.
-    if (field[width - 1] == '\0' || std::memchr(field, '\0', width) != nullptr)
-        return json_string(field);
+    if (std::memchr(text, '\0', width) != nullptr)
+        return json_string(text);
 
     auto *cut = static_cast<char *>(std::malloc(width));
     if (cut == nullptr)
         return nullptr;
-    std::memcpy(cut, field, width - 1);
+    std::memcpy(cut, text, width - 1);
     cut[width - 1] = '\0';
     json_t *value = json_string(cut);
     std::free(cut);
@@ -90,7 +89,7 @@ bool store_text(char *field, const char *source, std::size_t width)
 
 json_t *libkelmora_json_string(const char *text, size_t width)
 {
-    return text != nullptr ? kelmora::string_of_field(text, width) : nullptr;
+    return text != nullptr ? kelmora::string_of(text, width) : nullptr;
 }
 
 int kelmora_strncpy(char *field, const char *source, size_t width)

@@ -68,6 +68,12 @@ TEST(JsonString, ReadsNoFurtherThanTheWidth)
     EXPECT_EQ(taken(libkelmora_json_string(field.data(), field.size())), std::string(16, 'x'));
 }
 
+TEST(JsonString, ReadsNoFurtherThanTheTextsNulHoweverWideTheFieldIsSaidToBe)
+{
+    const std::vector<char> text{'a', 'b', '\0'};
+    EXPECT_EQ(taken(libkelmora_json_string(text.data(), 129)), "ab");
+}
+
 TEST(JsonString, AllocatesACopyOnlyForATextThatIsCut)
 {
     allocations::pass();
