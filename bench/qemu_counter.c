@@ -22,8 +22,8 @@ EXPORT int qemu_plugin_install(uint64_t id, const void *info, int argc, char **a
 EXPORT int qemu_plugin_version = 1;
 
 static const int64_t mark = 4064; /* getppid, on 32-bit MIPS */
-static uint64_t executed; /* instructions, of all blocks so far */
-static uint64_t begin;    /* what that was at the mark before; 0 outside of a count */
+static uint64_t executed;         /* instructions, of all blocks so far */
+static uint64_t begin;            /* what that was at the mark before; 0 outside of a count */
 
 static void count_block(uint64_t id, struct qemu_plugin_tb *block)
 {

@@ -1,5 +1,5 @@
-#include "records/device.h"
 #include "frame/translator.h"
+#include "records/device.h"
 
 using namespace kelmora;
 

@@ -1,5 +1,5 @@
-#include "records/qos.h"
 #include "frame/translator.h"
+#include "records/qos.h"
 
 using namespace kelmora;
 

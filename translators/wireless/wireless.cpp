@@ -1,5 +1,5 @@
-#include "records/wireless.h"
 #include "frame/translator.h"
+#include "records/wireless.h"
 
 using namespace kelmora;
 
