@@ -3,14 +3,15 @@
 RELEASE = build/release
 SOURCES = $(shell git ls-files '*.h' '*.c' '*.cpp')
 
-.PHONY: all help demo check test soak fuzz coverage mutation bench bench-instructions mips debug asan tsan lint format install dependencies clean
+.PHONY: all help demo check test soak fuzz coverage mutation bench bench-instructions bench-peers mips debug asan tsan \
+	lint format install dependencies clean
 .DEFAULT_GOAL := all
 
 all: ## the release library, build/release/libkelmora_json.so.1.3.0
 	@sh scripts/build.sh release kelmora_json
 
 help: ## this list
-	@awk -F ':.*## ' '/^[a-z ]+:.*## / { printf "  make %-20s %s\n", $$1, $$2 }' Makefile
+	@awk -F ':.*## ' '/^[a-z -]+:.*## / { printf "  make %-20s %s\n", $$1, $$2 }' Makefile
 
 demo: dependencies ## the main job on real input, with the development host
 	@sh scripts/build.sh release kelmora_json kelmora-host
@@ -45,6 +46,10 @@ bench-instructions: dependencies ## counts instructions, allocations and heap of
 	@sh scripts/build-mips-sysroot.sh
 	@sh scripts/build.sh mips kelmora-bench-instructions kelmora-bench-allocations
 	@python3 scripts/bench_instructions.py mips
+
+bench-peers: dependencies ## the library beside other JSON libraries that do the same: instructions, allocations, peak heap
+	@sh scripts/build.sh release kelmora-bench-peers kelmora-bench-peers-heap
+	@python3 scripts/bench_peers.py
 
 mips: ## the target's library, host and tests, in build/mips
 	@sh scripts/build-mips-sysroot.sh

@@ -47,20 +47,28 @@ inline void end_count(const std::string &name)
 
 #endif
 
-/// Counts the instructions of call() under this name. The call is made in a process of its own, so that all calls find
-/// the same heap: what an allocation costs depends on what was freed before. Throws std::runtime_error when that fails.
-template <class Call> void count_instructions(const std::string &name, Call call)
+/// Runs run() in a process of its own. Throws std::runtime_error when that fails. name: what it is called then.
+template <class Run> void in_child(const std::string &name, Run run)
 {
     const pid_t child = fork();
     if (child == 0) {
-        begin_count();
-        call();
-        end_count(name);
+        run();
         _exit(0);
     }
     int status = 0;
     if (child < 0 || waitpid(child, &status, 0) != child || status != 0)
         throw std::runtime_error("could not measure " + name);
+}
+
+/// Counts the instructions of call() under this name. The call is made in a process of its own, so that all calls find
+/// the same heap: what an allocation costs depends on what was freed before. Throws std::runtime_error when that fails.
+template <class Call> void count_instructions(const std::string &name, Call call)
+{
+    in_child(name, [&] {
+        begin_count();
+        call();
+        end_count(name);
+    });
 }
 
 } // namespace kelmora_bench

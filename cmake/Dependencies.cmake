@@ -1,11 +1,18 @@
 # What must be there from outside: jansson's header for the library, jansson and CLI11 for the development host, and
 # GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and with the
-# same flags as the tests, or else an installed one.
+# same flags as the tests, or else an installed one. The benchmarks take callgrind's header and the libraries of their
+# peers where these are.
 
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp)
 find_path(CALLGRIND_INCLUDE_DIR valgrind/callgrind.h)
+find_path(CJSON_INCLUDE_DIR cjson/cJSON.h)
+find_library(CJSON_LIBRARY cjson)
+find_path(JSON_C_INCLUDE_DIR json-c/json.h)
+find_library(JSON_C_LIBRARY json-c)
+find_path(RAPIDJSON_INCLUDE_DIR rapidjson/document.h)
+find_path(NLOHMANN_JSON_INCLUDE_DIR nlohmann/json.hpp)
 find_path(GOOGLETEST_SOURCE_DIR googletest/CMakeLists.txt PATHS /usr/src/googletest NO_DEFAULT_PATH
                                                                 NO_CMAKE_FIND_ROOT_PATH)
 if(NOT GOOGLETEST_SOURCE_DIR)
@@ -24,6 +31,12 @@ if(KELMORA_HAVE_HOST_DEPENDENCIES AND (GOOGLETEST_SOURCE_DIR OR TARGET GTest::gm
     set(KELMORA_HAVE_TEST_DEPENDENCIES ON)
 elseif(KELMORA_HAVE_HOST_DEPENDENCIES)
     message(WARNING "GoogleTest not found: the tests are left out")
+endif()
+
+set(KELMORA_HAVE_PEERS OFF)
+if(CJSON_INCLUDE_DIR AND CJSON_LIBRARY AND JSON_C_INCLUDE_DIR AND JSON_C_LIBRARY AND RAPIDJSON_INCLUDE_DIR
+   AND NLOHMANN_JSON_INCLUDE_DIR)
+    set(KELMORA_HAVE_PEERS ON)
 endif()
 
 add_library(jansson::headers INTERFACE IMPORTED)

@@ -51,8 +51,9 @@ target_compile_options(
               -fvisibility=hidden
               -fno-stack-protector
               -U_FORTIFY_SOURCE
-              $<$<AND:$<CXX_COMPILER_ID:GNU>,$<STREQUAL:${CMAKE_SYSTEM_PROCESSOR},x86_64>>:-mstringop-strategy=libcall
-              -fno-builtin-strlen>
+              $<$<STREQUAL:${CMAKE_SYSTEM_PROCESSOR},x86_64>:-fno-builtin-memcpy
+              -fno-builtin-memset
+              -fno-builtin-strlen> # at -Os gcc would have them go byte by byte, inline
               $<$<BOOL:${KELMORA_COVERAGE}>:--coverage>
               $<$<BOOL:${KELMORA_BUILD_FUZZERS}>:-fsanitize=fuzzer-no-link>
               $<$<COMPILE_LANGUAGE:CXX>:-fvisibility-inlines-hidden

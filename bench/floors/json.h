@@ -1,6 +1,8 @@
 #ifndef KELMORA_BENCH_FLOORS_JSON_H
 #define KELMORA_BENCH_FLOORS_JSON_H
 
+#include "bench/record.h"
+
 #include "kelmora_host.h"
 
 #include <cstddef>
@@ -17,18 +19,10 @@ inline constexpr std::size_t pretty = 2000;
 inline int render(json_t *document, std::size_t flags, char **out)
 {
     char *text = json_dumps(document, flags);
-    const std::size_t size = std::strlen(text) + 1;
-    if (size > 4096)
-        *out = static_cast<char *>(std::realloc(*out, size));
-    std::memcpy(*out, text, size);
+    hand_over(text, std::strlen(text) + 1, out);
     std::free(text);
     json_decref(document);
     return 1;
-}
-
-template <class Record> Record &record_of(kelmora_resource *node)
-{
-    return *static_cast<Record *>(kelmora_resource_get_data(node));
 }
 
 /// What every list resource does: one object a node, in an array.
@@ -56,10 +50,8 @@ int read_document(kelmora_resource *node, const char *text)
 
 template <std::size_t width> void store_text(char (&field)[width], const json_t *text)
 {
-    if (text == nullptr)
-        return;
-    std::strncpy(field, json_string_value(text), width - 1);
-    field[width - 1] = '\0';
+    if (text != nullptr)
+        store_text(field, json_string_value(text));
 }
 
 template <class Integer> void store_integer(Integer &field, const json_t *integer)
@@ -72,15 +64,6 @@ inline void store_boolean(std::uint8_t &field, const json_t *boolean)
 {
     if (boolean != nullptr)
         field = json_is_true(boolean) ? 1 : 0;
-}
-
-/// A new node at the end of a chain, all zeros. link: where it is hung, and then where the next one goes.
-template <class Node> Node *append(Node **&link)
-{
-    auto *node = static_cast<Node *>(std::calloc(1, sizeof(Node)));
-    *link = node;
-    link = &node->next;
-    return node;
 }
 
 } // namespace kelmora_bench

@@ -1,0 +1,40 @@
+// Prints what each case of each peer asks of the heap, and how its result compares with the floor's:
+// "RESOURCE DIRECTION SIZE: PEER: ALLOCATIONS PEAK same|nearest".
+#include "bench/heap.h"
+#include "bench/peers/cases.h"
+
+#include <exception>
+#include <iostream>
+#include <string>
+
+namespace kelmora_bench {
+
+namespace {
+
+void run()
+{
+    const kelmora_host::Plugin plugin(kelmora_host::Plugin::default_path());
+    for (const Peer &peer : all_peers()) {
+        for_each_case(peer, [](const std::string &name, auto &call, bool same_bytes) {
+            watch_heap();
+            call.make();
+            const HeapUse use = heap_use();
+            std::cout << name << ": " << use.allocations << " " << use.peak << " " << (same_bytes ? "same" : "nearest")
+                      << "\n";
+        });
+    }
+}
+
+} // namespace
+
+} // namespace kelmora_bench
+
+int main()
+{
+    try {
+        kelmora_bench::run();
+    } catch (const std::exception &error) {
+        std::cerr << "kelmora-bench-peers-heap: error: " << error.what() << "\n";
+        return 1;
+    }
+}
