@@ -3,8 +3,8 @@
 RELEASE = build/release
 SOURCES = $(shell git ls-files '*.h' '*.c' '*.cpp')
 
-.PHONY: all help demo check test soak fuzz coverage mutation bench bench-instructions bench-peers mips debug asan tsan \
-	lint format install dependencies clean
+.PHONY: all help demo check test soak fuzz coverage mutation bench bench-instructions bench-peers \
+	mips size stack debug asan tsan lint format install dependencies clean
 .DEFAULT_GOAL := all
 
 all: ## the release library, build/release/libkelmora_json.so.1.3.0
@@ -34,7 +34,7 @@ coverage: dependencies ## the lines and branches of the library that the unit te
 	@sh scripts/coverage.sh
 
 mutation: dependencies ## makes a sample of small faults in the library, one at a time; 95 % must fail a unit test
-	@python3 scripts/mutate.py
+	@python3 -B scripts/mutate.py
 
 bench: dependencies ## times every translator, a dozen beside the least that the JSON library takes for the same
 	@sh scripts/build.sh release kelmora-bench
@@ -42,18 +42,28 @@ bench: dependencies ## times every translator, a dozen beside the least that the
 
 bench-instructions: dependencies ## counts instructions, allocations and heap of the dozen and of that least
 	@sh scripts/build.sh release kelmora-bench-instructions kelmora-bench-allocations
-	@python3 scripts/bench_instructions.py release
+	@python3 -B scripts/bench_instructions.py release
 	@sh scripts/build-mips-sysroot.sh
 	@sh scripts/build.sh mips kelmora-bench-instructions kelmora-bench-allocations
-	@python3 scripts/bench_instructions.py mips
+	@python3 -B scripts/bench_instructions.py mips
 
 bench-peers: dependencies ## the library beside other JSON libraries that do the same: instructions, allocations, peak heap
 	@sh scripts/build.sh release kelmora-bench-peers kelmora-bench-peers-heap
-	@python3 scripts/bench_peers.py
+	@python3 -B scripts/bench_peers.py
 
 mips: ## the target's library, host and tests, in build/mips
 	@sh scripts/build-mips-sysroot.sh
 	@sh scripts/build.sh mips
+
+size: dependencies ## what the target's plug-in takes of a device: bytes by section and unit, relocations, pages
+	@sh scripts/build-mips-sysroot.sh
+	@sh scripts/build.sh mips kelmora_json kelmora-bench-pages
+	@python3 -B scripts/size.py
+
+stack: dependencies ## what stack its translators take, measured and as the compiler states it
+	@sh scripts/build-mips-sysroot.sh
+	@sh scripts/build.sh mips kelmora_json kelmora-bench-stack
+	@python3 -B scripts/stack.py
 
 debug asan tsan: ## builds of everything, in build/debug, build/asan, build/tsan
 	@sh scripts/build.sh $@

@@ -21,8 +21,8 @@ namespace kelmora_bench {
 /// A call of a to-translator that can be made again and again.
 class ReadCall {
 public:
-    ReadCall(kelmora_to_translator to, Nodes nodes)
-        : to_(to), nodes_(std::move(nodes)), head_(kelmora_host::link_request(nodes_, true))
+    ReadCall(kelmora_to_translator to, Nodes nodes, bool as_list = true)
+        : to_(to), nodes_(std::move(nodes)), head_(kelmora_host::link_request(nodes_, as_list))
     {
     }
 

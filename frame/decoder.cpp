@@ -227,17 +227,22 @@ template <class ReadDocument> int parse(const char *text, kelmora_errorlist *err
 
 } // namespace
 
-int decode(void *into, const char *text, kelmora_errorlist *errors, Read read)
+int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read)
 {
-    return parse(text, errors, [=](Decoder &in) { read(in, into); });
+    return parse(text, errors, [=](Decoder &in) { read(in, kelmora_resource_get_data(node)); });
 }
 
-int decode_after(Key key, void *into, const char *text, kelmora_errorlist *errors, Read read)
+int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read)
 {
     return parse(text, errors, [=](Decoder &in) {
         if (in.required(key))
-            read(in, into);
+            read(in, kelmora_resource_get_data(node));
     });
+}
+
+int decode_into(void *into, const char *text, kelmora_errorlist *errors, Read read)
+{
+    return parse(text, errors, [=](Decoder &in) { read(in, into); });
 }
 
 } // namespace kelmora

@@ -195,29 +195,31 @@ template <class Record> Record &record_of(kelmora_resource *node)
     return *static_cast<Record *>(kelmora_resource_get_data(node));
 }
 
-/// Reads a document; `into` is the node, or a record that was fetched already.
+/// Reads a document into a record, or with what the node itself is needed for.
 using Read = void (*)(Decoder &in, void *into);
 
-/// A from-translator. An empty text succeeds at once. Returns 1, or 0 after a failure.
-int decode(void *into, const char *text, kelmora_errorlist *errors, Read read);
+/// A from-translator, which fetches the record once the document is parsed. An empty text succeeds at once. Returns 1,
+/// or 0 after a failure.
+int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read);
 
-/// The same, which does not read at all before the document has this key.
-int decode_after(Key key, void *into, const char *text, kelmora_errorlist *errors, Read read);
+/// The same, which does not fetch the record before the document turned out to have this key.
+int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read);
+
+/// The same into a record that was fetched already, or into the node.
+int decode_into(void *into, const char *text, kelmora_errorlist *errors, Read read);
 
 namespace detail {
 
 template <auto read> struct Reader;
 
 template <class Record, void (*read)(Decoder &, Record &)> struct Reader<read> {
-    static void into_record(Decoder &in, void *record) { read(in, *static_cast<Record *>(record)); }
-    static void into_node(Decoder &in, void *node)
-    {
-        read(in, record_of<Record>(static_cast<kelmora_resource *>(node)));
-    }
+    static void call(Decoder &in, void *record) { read(in, *static_cast<Record *>(record)); }
+    static constexpr bool takes_node = false;
 };
 
 template <void (*read)(Decoder &, kelmora_resource *)> struct Reader<read> {
-    static void into_node(Decoder &in, void *node) { read(in, static_cast<kelmora_resource *>(node)); }
+    static void call(Decoder &in, void *node) { read(in, static_cast<kelmora_resource *>(node)); }
+    static constexpr bool takes_node = true;
 };
 
 } // namespace detail
@@ -226,19 +228,25 @@ template <void (*read)(Decoder &, kelmora_resource *)> struct Reader<read> {
 /// in the record's place where the resource has the host do something with the node.
 template <auto read> int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode(node, text, errors, &detail::Reader<read>::into_node);
+    using Reader = detail::Reader<read>;
+    if constexpr (Reader::takes_node)
+        return decode_into(node, text, errors, &Reader::call);
+    else
+        return decode(node, text, errors, &Reader::call);
 }
 
 /// The same for a record that is not fetched before the document turned out to have this key.
 template <auto read> int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode_after(key, node, text, errors, &detail::Reader<read>::into_node);
+    using Reader = detail::Reader<read>;
+    static_assert(!Reader::takes_node);
+    return decode_after(key, node, text, errors, &Reader::call);
 }
 
 /// The same into a record that was fetched before the text is looked at.
 template <auto read, class Record> int decode_into(Record &record, const char *text, kelmora_errorlist *errors)
 {
-    return decode(&record, text, errors, &detail::Reader<read>::into_record);
+    return decode_into(&record, text, errors, &detail::Reader<read>::call);
 }
 
 } // namespace kelmora

@@ -74,14 +74,15 @@ constexpr char empty_object[] = "{}";
 
 } // namespace
 
-int encode(kelmora_resource *head, char **out, Shape shape, Flags flags, WriteNode write)
+int encode(kelmora_resource *head, char **out, Format format, WriteNode write)
 {
+    const Shape shape = format.shape();
     if (has(shape, Shape::literal_when_empty) && head->count == 0) {
         std::memcpy(*out, empty_array, sizeof empty_array);
         return 1;
     }
     const Document document(build(head, shape, write));
-    char *text = document.root() != nullptr ? json_dumps(document.root(), static_cast<std::size_t>(flags)) : nullptr;
+    char *text = document.root() != nullptr ? json_dumps(document.root(), format.flags()) : nullptr;
     const bool done = hand_over(text, out);
     std::free(text);
     if (!done)

@@ -39,6 +39,10 @@ void Encoder::set(const char *key, json_t *value)
         complete_ = false;
 }
 
+void Encoder::set(const char *key, Encoder &nested) { set(key, nested.take()); }
+
+void Encoder::set(const char *key, ArrayEncoder &nested) { set(key, nested.take()); }
+
 void Encoder::text(const char *key, const char *field, std::size_t width)
 {
     json_t *value = string_of_field(field, width);
@@ -80,6 +84,8 @@ void ArrayEncoder::append(json_t *value)
     if (json_array_append_new(array_, value) != 0)
         complete_ = false;
 }
+
+void ArrayEncoder::append(Encoder &element) { append(element.take()); }
 
 void ArrayEncoder::text(const char *field, std::size_t width)
 {

@@ -47,7 +47,7 @@ public:
     {
         Encoder nested;
         fill(nested);
-        set(key, nested.take());
+        set(key, nested);
     }
 
     /// A nested array; fill(ArrayEncoder &) adds its elements.
@@ -59,6 +59,8 @@ public:
 private:
     void text(const char *key, const char *field, std::size_t width);
     void set(const char *key, json_t *value);
+    void set(const char *key, Encoder &nested);
+    void set(const char *key, ArrayEncoder &nested);
 
     json_t *object_;
     bool complete_ = true;
@@ -86,7 +88,7 @@ public:
     {
         Encoder element;
         fill(element);
-        append(element.take());
+        append(element);
     }
 
     /// Hands the finished array over; NULL when it is incomplete. Nothing can be added afterwards.
@@ -95,6 +97,7 @@ public:
 private:
     void text(const char *field, std::size_t width);
     void append(json_t *value);
+    void append(Encoder &element);
 
     json_t *array_;
     bool complete_ = true;
@@ -104,7 +107,7 @@ template <class Fill> void Encoder::array(const char *key, Fill fill)
 {
     ArrayEncoder nested;
     fill(nested);
-    set(key, nested.take());
+    set(key, nested);
 }
 
 } // namespace kelmora

@@ -51,8 +51,9 @@ private:
 
 namespace detail {
 
+/// Aligned to a byte, as compilers would give each a word's alignment.
 template <FixedText name, FixedText field, FixedText message>
-inline constexpr auto packed_key = name + FixedText("\0") + field + FixedText("\0") + message;
+alignas(1) inline constexpr auto packed_key = name + FixedText("\0") + field + FixedText("\0") + message;
 
 } // namespace detail
 

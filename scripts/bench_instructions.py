@@ -8,7 +8,7 @@ only, and fails for it.
 import argparse
 import sys
 
-from counting import count_instructions, run_program
+from programs import count_instructions, run_program
 
 RATIO = 1.02  # bound of the library's instructions, in those of the floor
 PEAK = 256  # bytes that the library's peak heap may lie above the floor's

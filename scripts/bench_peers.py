@@ -7,7 +7,7 @@ the libraries comes to another document than the floor.
 
 import math
 
-from counting import count_instructions, run_program
+from programs import count_instructions, run_program
 
 BASE = "floor"
 

@@ -1,4 +1,4 @@
-"""Counts of instructions, from a program that has calls of its own counted (bench/counting.h)."""
+"""Runs the programs that bench/ builds, on the machine that a preset is for, and counts their instructions."""
 
 import os
 import re
@@ -18,29 +18,28 @@ def run(command):
     return done.stdout
 
 
+def built(preset, file):
+    return ROOT / "build" / preset / file
+
+
 def emulated(program, *options):
-    """The command that runs a program of the MIPS build under qemu."""
-    return ["qemu-mips", *options, "-L", "/usr/mips-linux-gnu",
-            "-E", f"LD_LIBRARY_PATH={ROOT}/build/mips-sysroot/lib", program]
-
-
-def built(preset, program):
-    return ROOT / "build" / preset / program
+    """The command that runs a program of the MIPS build."""
+    return ["qemu-mips", *options, "-L", "/usr/mips-linux-gnu", built("mips", program)]
 
 
 def run_program(preset, program):
-    """The output of a program of this build, on the machine that the build is for."""
-    path = built(preset, program)
-    return run(emulated(path) if preset == "mips" else [path])
+    """The program's output."""
+    return run(emulated(program) if preset == "mips" else [built(preset, program)])
 
 
 def count_instructions(preset, program):
-    """{name of a call: instructions}, counted by callgrind or, of the MIPS build, by qemu."""
+    """{name of a call: instructions} of a program that has calls of its own counted (bench/counting.h): by callgrind,
+    or by qemu where it is for MIPS."""
     with tempfile.TemporaryDirectory() as folder:
         if preset == "mips":
             counter = Path(folder) / "qemu_counter.so"
             run([os.environ.get("CC", "cc"), "-shared", "-fPIC", "-O2", "-o", counter, ROOT / "bench/qemu_counter.c"])
-            lines = run(emulated(built(preset, program), "-plugin", f"file={counter}")).splitlines()
+            lines = run(emulated(program, "-plugin", f"file={counter}")).splitlines()
             return {name: int(count) for count, name in (line.split(maxsplit=1) for line in lines)}
 
         run(["valgrind", "--tool=callgrind", "--collect-atstart=no", "--dump-line=no",
