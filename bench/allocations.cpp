@@ -1,8 +1,8 @@
 // Prints what each case asks of the heap, of the library and of its floor: "NAME ALLOCATIONS PEAK".
 #include "bench/calls.h"
 #include "bench/heap.h"
+#include "bench/program.h"
 
-#include <exception>
 #include <iostream>
 
 namespace kelmora_bench {
@@ -26,13 +26,10 @@ template <class Call> void count(const Case &measured, const char *side, Call &c
 int main()
 {
     using namespace kelmora_bench;
-    try {
+    return run_program("kelmora-bench-allocations", [] {
         for_each_case([](const Case &measured, auto &library, auto &floor) {
             count(measured, "library", library);
             count(measured, "floor", floor);
         });
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench-allocations: error: " << error.what() << "\n";
-        return 1;
-    }
+    });
 }

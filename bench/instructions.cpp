@@ -1,9 +1,8 @@
 // Counts the instructions of each case, of the library and of its floor.
 #include "bench/calls.h"
 #include "bench/counting.h"
+#include "bench/program.h"
 
-#include <exception>
-#include <iostream>
 #include <jansson.h>
 #include <string>
 
@@ -28,12 +27,4 @@ void run()
 
 } // namespace kelmora_bench
 
-int main()
-{
-    try {
-        kelmora_bench::run();
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench-instructions: error: " << error.what() << "\n";
-        return 1;
-    }
-}
+int main() { return kelmora_bench::run_program("kelmora-bench-instructions", kelmora_bench::run); }

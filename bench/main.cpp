@@ -1,12 +1,12 @@
 // Times every translator; where there is a floor, beside it, in turn, and at growing sizes.
 #include "bench/calls.h"
+#include "bench/program.h"
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <cstddef>
-#include <exception>
-#include <iostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -123,15 +123,12 @@ void add_all()
 
 int main(int argc, char **argv)
 {
-    try {
+    return kelmora_bench::run_program("kelmora-bench", [&] {
         const kelmora_host::Plugin plugin(kelmora_host::Plugin::default_path());
         kelmora_bench::add_all();
         benchmark::Initialize(&argc, argv);
         if (benchmark::ReportUnrecognizedArguments(argc, argv))
-            return 1;
+            throw std::invalid_argument("unknown arguments");
         benchmark::RunSpecifiedBenchmarks();
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench: error: " << error.what() << "\n";
-        return 1;
-    }
+    });
 }

@@ -1,8 +1,9 @@
 // Prints what memory the plug-in takes once it is loaded and has registered its translators: a line for each of its
 // mappings, "PERMISSIONS RSS PRIVATE_CLEAN PRIVATE_DIRTY" in KiB.
+#include "bench/program.h"
+
 #include "host/plugin.h"
 
-#include <exception>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -39,12 +40,9 @@ void print_mappings(const std::string &file)
 
 int main()
 {
-    try {
+    return kelmora_bench::run_program("kelmora-bench-pages", [] {
         const auto path = kelmora_host::Plugin::default_path();
         const kelmora_host::Plugin plugin(path);
         print_mappings(path.filename());
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench-pages: error: " << error.what() << "\n";
-        return 1;
-    }
+    });
 }

@@ -6,6 +6,7 @@
 #include "bench/calls.h"
 #include "bench/floors/json.h"
 #include "bench/painted_stack.h"
+#include "bench/program.h"
 
 #include "host/json.h"
 
@@ -14,7 +15,6 @@
 #include <cstddef>
 #include <cstdlib>
 #include <dlfcn.h>
-#include <exception>
 #include <filesystem>
 #include <functional>
 #include <iostream>
@@ -245,12 +245,4 @@ void run()
 
 } // namespace kelmora_bench
 
-int main()
-{
-    try {
-        kelmora_bench::run();
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench-stack: error: " << error.what() << "\n";
-        return 1;
-    }
-}
+int main() { return kelmora_bench::run_program("kelmora-bench-stack", kelmora_bench::run); }

@@ -2,8 +2,8 @@
 // "RESOURCE DIRECTION SIZE: PEER: ALLOCATIONS PEAK same|nearest".
 #include "bench/heap.h"
 #include "bench/peers/cases.h"
+#include "bench/program.h"
 
-#include <exception>
 #include <iostream>
 #include <string>
 
@@ -29,12 +29,4 @@ void run()
 
 } // namespace kelmora_bench
 
-int main()
-{
-    try {
-        kelmora_bench::run();
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench-peers-heap: error: " << error.what() << "\n";
-        return 1;
-    }
-}
+int main() { return kelmora_bench::run_program("kelmora-bench-peers-heap", kelmora_bench::run); }

@@ -1,9 +1,8 @@
 // Counts the instructions of each case of each peer.
 #include "bench/counting.h"
 #include "bench/peers/cases.h"
+#include "bench/program.h"
 
-#include <exception>
-#include <iostream>
 #include <jansson.h>
 #include <string>
 
@@ -28,12 +27,4 @@ void run()
 
 } // namespace kelmora_bench
 
-int main()
-{
-    try {
-        kelmora_bench::run();
-    } catch (const std::exception &error) {
-        std::cerr << "kelmora-bench-peers: error: " << error.what() << "\n";
-        return 1;
-    }
-}
+int main() { return kelmora_bench::run_program("kelmora-bench-peers", kelmora_bench::run); }
