@@ -42,6 +42,7 @@ can_sanitize() {
 }
 
 tests release "tests on this machine, with gcc"
+can valgrind python3 || leave_out "the counts of instructions"
 
 if can_sanitize; then
     tests asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer, with clang"
