@@ -1,5 +1,6 @@
 #include "frame/decoder.h"
 
+#include "frame/nesting.h"
 #include "frame/validation.h"
 
 #include <cstdlib>
@@ -44,36 +45,18 @@ namespace {
 /// no more than parsing the deepest document.
 constexpr std::size_t deepest_rendered = 512;
 
-/// How deep the objects and arrays of a JSON text are nested.
-std::size_t nesting_of(const char *json)
-{
-    std::size_t depth = 0;
-    std::size_t deepest = 0;
-    bool quoted = false;
-    for (; *json != '\0'; ++json) {
-        if (*json == '"')
-            quoted = !quoted;
-        else if (quoted && *json == '\\')
-            ++json; // what is escaped ends no text
-        else if (!quoted && (*json == '{' || *json == '['))
-            deepest = ++depth > deepest ? depth : deepest;
-        else if (!quoted && (*json == '}' || *json == ']'))
-            --depth;
-    }
-    return deepest;
-}
-
 } // namespace
 
-char *Decoder::rendered(const char *field)
+char *Decoder::rendered(const char *name)
 {
-    if (!ok() || !(json_is_object(value_) || json_is_array(value_)))
+    const json_t *value = find(name);
+    if (!(json_is_object(value) || json_is_array(value)))
         return nullptr;
-    if (nesting_of(call_->text) > deepest_rendered) {
-        fail(field, "nested too deeply");
+    if (nesting_of_member(call_->text, name) > deepest_rendered) {
+        fail(name, "nested too deeply");
         return nullptr;
     }
-    char *text = json_dumps(value_, 0);
+    char *text = json_dumps(value, 0);
     const std::size_t size = text != nullptr ? std::strlen(text) + 1 : 0;
     // A copy of our own: a block from malloc of just this size, whatever jansson allocates.
     auto *copy = text != nullptr ? static_cast<char *>(std::malloc(size)) : nullptr;
@@ -81,7 +64,7 @@ char *Decoder::rendered(const char *field)
         std::memcpy(copy, text, size);
     std::free(text);
     if (copy == nullptr)
-        fail(field, "out of memory");
+        fail(name, "out of memory");
     return copy;
 }
 

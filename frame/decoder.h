@@ -78,11 +78,6 @@ public:
             kelmora::store_text(field, text(), width);
     }
 
-    /// An object or array as compact JSON text: a block from malloc of just the text's size, the caller's. NULL for any
-    /// other value, and after a failure, be it this one's own: (field, "out of memory", "json"), and for a document of
-    /// more than 512 levels (field, "nested too deeply", "json").
-    [[nodiscard]] char *rendered(const char *field);
-
     /// The value as a number, 0 when it is no integer.
     [[nodiscard]] json_int_t integer() const { return ok() ? json_integer_value(value_) : 0; }
 
@@ -122,6 +117,12 @@ public:
 
     /// A member's elements; an absent member or one that is no array has none.
     [[nodiscard]] Elements optional_array(const char *name);
+
+    /// A member of the root, which this must be, as compact JSON text where it is an object or array: a block from
+    /// malloc of just the text's size, the caller's. NULL for any other value, an absent one, and after a failure, be
+    /// it this one's own: (name, "out of memory", "json"), and for a member of more than 512 levels (name, "nested too
+    /// deeply", "json").
+    [[nodiscard]] char *rendered(const char *name);
 
     // ---- members that must be there and of their type: "field not found", "data type must be a valid ..."
 

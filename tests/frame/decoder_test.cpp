@@ -501,7 +501,7 @@ struct Body {
     char *text;
 };
 
-void read_body(Decoder &in, Body &body) { body.text = in.optional("body").rendered("body"); }
+void read_body(Decoder &in, Body &body) { body.text = in.rendered("body"); }
 
 class DecodeRendered : public testing::Test {
 protected:

@@ -283,6 +283,15 @@ TEST_P(EveryPlace, TakesDocumentsAsDeepAsTheParserAllowsOnASmallStack)
 
 INSTANTIATE_TEST_SUITE_P(Every, EveryPlace, testing::ValuesIn(read_resources()), test_name);
 
+TEST(DeepestBody, IsRenderedOnASmallStack)
+{
+    const Resource &resource = *kelmora_host::find_resource("http_request");
+    run_on_stack(small_stack, [&] {
+        for (const std::string &body : {nested_arrays(512), nested_objects(512)})
+            EXPECT_EQ(read_in(resource, with(example_of(resource), "body", body)).result, 1);
+    });
+}
+
 class LargeDocument : public testing::TestWithParam<const char *> {
 protected:
     /// The example with this in front of its first member.

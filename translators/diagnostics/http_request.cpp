@@ -28,7 +28,7 @@ void read(Decoder &in, kelmora_http_request &request)
     in.optional_integer("timeout", request.timeout);
     if (request.mesh_session != 0)
         return; // a request inside a mesh session keeps the body it had, on purpose
-    if (char *body = in.optional("body").rendered("body"))
+    if (char *body = in.rendered("body"))
         request.body = body; // the text before it is the host's: not freed, on purpose
 }
 

@@ -1,0 +1,15 @@
+#ifndef KELMORA_FRAME_NESTING_H
+#define KELMORA_FRAME_NESTING_H
+
+#include <cstddef>
+
+namespace kelmora {
+
+/// How deep the objects and arrays in a member of a document's root are nested; 0 for a member that is none, or absent.
+/// Of several members of this name the last one counts, and each behind it whose name has an escape and so may be it.
+/// json: the text of a document that could be parsed.
+[[nodiscard]] std::size_t nesting_of_member(const char *json, const char *name);
+
+} // namespace kelmora
+
+#endif
