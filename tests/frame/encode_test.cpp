@@ -2,6 +2,7 @@
 
 #include "tests/support/to_test.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -152,6 +153,12 @@ TEST_F(HeadRepeated, WritesTheHeadAsOftenAsItCounts)
     EXPECT_EQ(list_counting(2), R"([{"id": "a", "x": 1}, {"id": "a", "x": 1}])");
     EXPECT_EQ(object_counting(0), "{}");
     EXPECT_EQ(object_counting(2), R"({"id": "a", "x": 1})");
+}
+
+TEST_F(HeadRepeated, WritesMoreEntriesThan16BitsCount)
+{
+    const std::string text = list_counting(65537);
+    EXPECT_EQ(std::count(text.begin(), text.end(), '{'), 65537);
 }
 
 class AlwaysArray : public EncodeTest {
