@@ -20,8 +20,7 @@ using Nodes = std::vector<kelmora_host::Node>;
 /// same document, or reads the same keys, written by hand.
 struct Workload {
     std::string_view resource;
-    std::string_view unit; ///< what a request has `size` of: nodes, or what hangs on one node
-    std::size_t usual;     ///< how many of them a gateway may well have
+    std::size_t usual; ///< how many nodes, or of what hangs on one node, a gateway may well have
 
     Nodes (*make_nodes)(std::string_view resource, std::size_t size);
     const char *list; ///< the list of a document that has `size` elements; NULL when a document has always one size

@@ -40,8 +40,6 @@ template <std::size_t width> void store_given(char (&field)[width], const char *
         store_text(field, text);
 }
 
-// clang-format off: a key and its value a line
-
 json_t *pack_network(const kelmora_wireless &network, const char *id)
 {
     return json_pack("{s:I,s:b,s:s,s:I,s:s,s:s,s:b,s:s,s:s,s:I,s:I,s:s,s:b,s:b,s:I,s:b}", "mode", wide(network.mode),
@@ -177,8 +175,6 @@ int unpack_filter(json_t *document, kelmora_firewall_ip_port_filtering &filter)
     }
     return result;
 }
-
-// clang-format on
 
 } // namespace
 
