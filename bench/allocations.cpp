@@ -1,4 +1,4 @@
-// Prints what each case asks of the heap, of the library and of its floor: "NAME ALLOCATIONS PEAK".
+// Prints what each case asks of the heap, of the library and of its baseline: "NAME ALLOCATIONS PEAK".
 #include "bench/calls.h"
 #include "bench/heap.h"
 #include "bench/program.h"
@@ -27,9 +27,9 @@ int main()
 {
     using namespace kelmora_bench;
     return run_program("kelmora-bench-allocations", [] {
-        for_each_case([](const Case &measured, auto &library, auto &floor) {
+        for_each_case([](const Case &measured, auto &library, auto &baseline) {
             count(measured, "library", library);
-            count(measured, "floor", floor);
+            count(measured, "baseline", baseline);
         });
     });
 }

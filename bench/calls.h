@@ -3,11 +3,12 @@
 
 #include "bench/workloads.h"
 
-#include "host/blank.h"
-#include "host/errors.h"
-#include "host/plugin.h"
-#include "host/registry.h"
-#include "host/roads.h"
+#include "host/gateway/blank.h"
+#include "host/gateway/resources.h"
+#include "host/plugin/errors.h"
+#include "host/plugin/plugin.h"
+#include "host/plugin/registry.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_host.h"
 
@@ -19,9 +20,9 @@
 namespace kelmora_bench {
 
 /// A call of a to-translator that can be made again and again.
-class ReadCall {
+class ToCall {
 public:
-    ReadCall(kelmora_to_translator to, Nodes nodes, bool as_list = true)
+    ToCall(kelmora_to_translator to, Nodes nodes, bool as_list = true)
         : to_(to), nodes_(std::move(nodes)), head_(kelmora_host::link_request(nodes_, as_list))
     {
     }
@@ -43,9 +44,9 @@ private:
 };
 
 /// A call of a from-translator that can be made again and again, each time into a fresh record.
-class WriteCall {
+class FromCall {
 public:
-    WriteCall(kelmora_from_translator from, const kelmora_host::Resource &resource, std::string document)
+    FromCall(kelmora_from_translator from, const kelmora_host::Resource &resource, std::string document)
         : from_(from), resource_(&resource), document_(std::move(document)), node_(blank())
     {
     }
@@ -62,7 +63,7 @@ public:
     [[nodiscard]] std::string result(kelmora_to_translator to)
     {
         Nodes nodes{node_};
-        return kelmora_host::read(to, nodes, true).text;
+        return kelmora_host::to_json(to, nodes, true).text;
     }
 
 private:
@@ -75,20 +76,20 @@ private:
     kelmora_errorlist errors_;
 };
 
-/// Makes a call of the library and one of its floor in turn, until both find the memory as they left it; then they must
-/// have done the same. Throws std::runtime_error otherwise.
-template <class Call, class... To> void warm_up(Call &library, Call &floor, To... to)
+/// Makes a call of the library and one of its baseline in turn, until both find the memory as they left it; then they
+/// must have done the same. Throws std::runtime_error otherwise.
+template <class Call, class... To> void warm_up(Call &library, Call &baseline, To... to)
 {
     constexpr int rounds = 3;
     for (int i = 0; i < rounds; ++i) {
-        for (Call *call : {&library, &floor}) {
+        for (Call *call : {&library, &baseline}) {
             call->prepare();
             if (call->make() != 1)
                 throw std::runtime_error("a call failed");
         }
     }
-    if (library.result(to...) != floor.result(to...))
-        throw std::runtime_error("the library and its floor did not do the same");
+    if (library.result(to...) != baseline.result(to...))
+        throw std::runtime_error("the library and its baseline did not do the same");
 }
 
 /// What is measured once: a direction of a workload at one size.
@@ -98,7 +99,7 @@ struct Case {
     std::size_t size;
 };
 
-/// Calls measure(case, library, floor) for each case, with the two calls warmed up.
+/// Calls measure(case, library, baseline) for each case, with the two calls warmed up.
 template <class Measure> void for_each_case(Measure measure)
 {
     const kelmora_host::Plugin plugin(kelmora_host::Plugin::default_path());
@@ -106,16 +107,16 @@ template <class Measure> void for_each_case(Measure measure)
         const kelmora_host::Resource &resource = *kelmora_host::find_resource(workload.resource);
         const kelmora_host::Registration &pair = *kelmora_host::Registry::instance().find(resource.number);
         for (const std::size_t size : workload.sizes()) {
-            ReadCall library(pair.to, workload.nodes(size));
-            ReadCall floor(workload.to_floor, workload.nodes(size));
-            warm_up(library, floor);
-            measure(Case{workload, "to", size}, library, floor);
+            ToCall library(pair.to, workload.nodes(size));
+            ToCall baseline(workload.to_baseline, workload.nodes(size));
+            warm_up(library, baseline);
+            measure(Case{workload, "to", size}, library, baseline);
         }
         for (const std::size_t size : workload.document_sizes()) {
-            WriteCall library(pair.from, resource, workload.document(size));
-            WriteCall floor(workload.from_floor, resource, workload.document(size));
-            warm_up(library, floor, workload.to_floor);
-            measure(Case{workload, "from", size}, library, floor);
+            FromCall library(pair.from, resource, workload.document(size));
+            FromCall baseline(workload.from_baseline, resource, workload.document(size));
+            warm_up(library, baseline, workload.to_baseline);
+            measure(Case{workload, "from", size}, library, baseline);
         }
     }
 }

@@ -1,4 +1,4 @@
-// Counts the instructions of each case, of the library and of its floor.
+// Counts the instructions of each case, of the library and of its baseline.
 #include "bench/calls.h"
 #include "bench/counting.h"
 #include "bench/program.h"
@@ -13,13 +13,13 @@ namespace {
 void run()
 {
     json_object_seed(1); // or the order in its hash tables, and with it the counts, would change from run to run
-    for_each_case([](const Case &measured, auto &library, auto &floor) {
+    for_each_case([](const Case &measured, auto &library, auto &baseline) {
         const std::string name =
             std::string(measured.workload.resource) + " " + measured.direction + " " + std::to_string(measured.size);
         library.prepare();
-        floor.prepare();
+        baseline.prepare();
         count_instructions(name + " library", [&] { library.make(); });
-        count_instructions(name + " floor", [&] { floor.make(); });
+        count_instructions(name + " baseline", [&] { baseline.make(); });
     });
 }
 

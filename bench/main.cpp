@@ -1,4 +1,4 @@
-// Times every translator; where there is a floor, beside it, in turn, and at growing sizes.
+// Times every translator; where there is a baseline, beside it, in turn, and at growing sizes.
 #include "bench/calls.h"
 #include "bench/program.h"
 
@@ -56,23 +56,23 @@ double median(std::vector<double> &times)
     return *middle;
 }
 
-/// The same with the floor's call after each of the library's; the medians of both and their ratio stand beside.
+/// The same with the baseline's call after each of the library's; the medians of both and their ratio stand beside.
 template <class MakeCall, class Translator>
-void add_with_floor(const std::string &name, MakeCall make_call, Translator library, Translator floor)
+void add_with_baseline(const std::string &name, MakeCall make_call, Translator library, Translator baseline)
 {
     register_benchmark(name, [=](benchmark::State &state) {
         auto library_call = make_call(library);
-        auto floor_call = make_call(floor);
+        auto baseline_call = make_call(baseline);
         std::vector<double> library_times;
-        std::vector<double> floor_times;
+        std::vector<double> baseline_times;
         for ([[maybe_unused]] auto round : state) {
             library_times.push_back(time_call(library_call, state));
-            floor_times.push_back(time_call(floor_call, state));
+            baseline_times.push_back(time_call(baseline_call, state));
             state.SetIterationTime(library_times.back());
         }
         state.counters["library"] = median(library_times);
-        state.counters["floor"] = median(floor_times);
-        state.counters["ratio"] = median(library_times) / median(floor_times);
+        state.counters["baseline"] = median(baseline_times);
+        state.counters["ratio"] = median(library_times) / median(baseline_times);
     });
 }
 
@@ -80,18 +80,18 @@ void add_workload(const Workload &workload, const Resource &resource, const Regi
 {
     const std::string name(workload.resource);
     for (const std::size_t size : workload.sizes()) {
-        add_with_floor(
+        add_with_baseline(
             name + "/to/" + std::to_string(size),
-            [&workload, size](kelmora_to_translator to) { return ReadCall(to, workload.nodes(size)); }, pair.to,
-            workload.to_floor);
+            [&workload, size](kelmora_to_translator to) { return ToCall(to, workload.nodes(size)); }, pair.to,
+            workload.to_baseline);
     }
     for (const std::size_t size : workload.document_sizes()) {
-        add_with_floor(
+        add_with_baseline(
             name + "/from/" + std::to_string(size),
             [&workload, &resource, size](kelmora_from_translator from) {
-                return WriteCall(from, resource, workload.document(size));
+                return FromCall(from, resource, workload.document(size));
             },
-            pair.from, workload.from_floor);
+            pair.from, workload.from_baseline);
     }
 }
 
@@ -99,10 +99,10 @@ void add_alone(const Resource &resource, const Registration &pair)
 {
     const std::string name(resource.name);
     if (resource.directions != Directions::from_only)
-        add(name + "/to", [&resource, &pair] { return ReadCall(pair.to, sample_nodes(resource.name)); });
+        add(name + "/to", [&resource, &pair] { return ToCall(pair.to, sample_nodes(resource.name)); });
     const std::string document = kelmora_host::is_raw(resource) ? "8 bytes!" : example(resource.name);
     if (resource.directions != Directions::to_only)
-        add(name + "/from", [&resource, &pair, document] { return WriteCall(pair.from, resource, document); });
+        add(name + "/from", [&resource, &pair, document] { return FromCall(pair.from, resource, document); });
 }
 
 void add_all()

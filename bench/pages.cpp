@@ -2,7 +2,7 @@
 // mappings, "PERMISSIONS RSS PRIVATE_CLEAN PRIVATE_DIRTY" in KiB.
 #include "bench/program.h"
 
-#include "host/plugin.h"
+#include "host/plugin/plugin.h"
 
 #include <fstream>
 #include <iostream>

@@ -1,7 +1,7 @@
 #ifndef KELMORA_BENCH_RECORD_H
 #define KELMORA_BENCH_RECORD_H
 
-// What a translation needs besides a JSON library; the floors and the peers share it.
+// What a translation needs besides a JSON library; the baselines and the other_libraries share it.
 
 #include "kelmora_host.h"
 
@@ -28,7 +28,7 @@ template <class Record> Record &record_of(kelmora_resource *node)
 }
 
 /// Stores as much of a text as the field holds.
-template <std::size_t width> void store_text(char (&field)[width], const char *text)
+template <std::size_t width> void store_string(char (&field)[width], const char *text)
 {
     std::strncpy(field, text, width - 1);
     field[width - 1] = '\0';

@@ -3,8 +3,8 @@
 // the call takes when it is the process's first. "deepest RESOURCE DOCUMENT ALL JSON": the same for documents as deep
 // as a client can send them. "tree LEVELS ALL BUILD DUMP RELEASE": of a tree of mesh neighbours, all in all and in its
 // three steps. "carries STACK LEVELS": the deepest tree that a stack carries.
+#include "bench/baselines/json.h"
 #include "bench/calls.h"
-#include "bench/floors/json.h"
 #include "bench/painted_stack.h"
 #include "bench/program.h"
 
@@ -60,13 +60,13 @@ struct Use {
     std::function<std::size_t()> json;
 };
 
-Use use_of(std::string name, std::shared_ptr<ReadCall> call)
+Use use_of(std::string name, std::shared_ptr<ToCall> call)
 {
     return {std::move(name), [call] { return stack_use([&] { call->make(); }); },
             [call] { return use_of_dumping(call->result()); }};
 }
 
-Use use_of(std::string name, std::shared_ptr<WriteCall> call, const std::string &text)
+Use use_of(std::string name, std::shared_ptr<FromCall> call, const std::string &text)
 {
     return {std::move(name),
             [call] {
@@ -81,7 +81,7 @@ const Registration &pair_of(const Resource &resource) { return *Registry::instan
 Use reading(const Resource &resource, const std::string &document, const std::string &text)
 {
     return use_of(std::string(resource.name) + " from " + document,
-                  std::make_shared<WriteCall>(pair_of(resource).from, resource, text), text);
+                  std::make_shared<FromCall>(pair_of(resource).from, resource, text), text);
 }
 
 /// Every translator: the samples as a list and as an object; the example, and what has no key and what is no JSON.
@@ -94,7 +94,7 @@ std::vector<Use> every_use()
             nodes.push_back(kelmora_host::empty_node());
         for (const bool as_list : {true, false})
             uses.push_back(use_of(std::string(resource.name) + " to " + (as_list ? "list" : "object"),
-                                  std::make_shared<ReadCall>(pair_of(resource).to, nodes, as_list)));
+                                  std::make_shared<ToCall>(pair_of(resource).to, nodes, as_list)));
         if (is_raw(resource)) {
             uses.push_back(reading(resource, "bytes", std::string(kelmora_host::raw_size, 'a')));
             continue;
@@ -175,7 +175,7 @@ Nodes mesh_of(std::size_t levels)
 
 std::size_t use_of_tree(std::size_t levels)
 {
-    ReadCall call(pair_of(*kelmora_host::find_resource("easymesh")).to, mesh_of(levels));
+    ToCall call(pair_of(*kelmora_host::find_resource("easymesh")).to, mesh_of(levels));
     return stack_use([&] { call.make(); });
 }
 

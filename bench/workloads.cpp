@@ -1,9 +1,9 @@
 #include "bench/workloads.h"
 
-#include "bench/floors/floors.h"
+#include "bench/baselines/baselines.h"
 
-#include "host/gateway.h"
-#include "host/input.h"
+#include "host/cli/input.h"
+#include "host/gateway/gateway.h"
 #include "host/json.h"
 
 #include "kelmora_records.h"
@@ -104,20 +104,20 @@ constexpr auto rules_of_control = one_with_chain<kelmora_parental_control, kelmo
 constexpr auto hops = one_with_chain<kelmora_traceroute, kelmora_traceroute_hop, &kelmora_traceroute::hop_list>;
 
 constexpr Workload all[] = {
-    {"wireless", 8, copies, nullptr, wireless_to_floor, wireless_from_floor},
-    {"connected_device", 200, copies, nullptr, connected_device_to_floor, nullptr},
-    {"wan", 8, copies, nullptr, wan_to_floor, wan_from_floor},
-    {"tr069_config", 1, copies, nullptr, tr069_config_to_floor, tr069_config_from_floor},
-    {"qos_classification", 16, copies, nullptr, qos_classification_to_floor, qos_classification_from_floor},
-    {"firewall_ip_port_filtering", 64, rules_of_filter, "filter_lists", firewall_ip_port_filtering_to_floor,
-     firewall_ip_port_filtering_from_floor},
-    {"traceroute", 30, hops, nullptr, traceroute_to_floor, traceroute_from_floor},
-    {"easymesh", 40, mesh, "neighbors", easymesh_to_floor, easymesh_from_floor},
-    {"parental_control", 32, rules_of_control, "parental_control_list", parental_control_to_floor,
-     parental_control_from_floor},
-    {"interface", 8, copies, "ip6_list", interface_to_floor, interface_from_floor},
-    {"pon_counters", 1, copies, nullptr, pon_counters_to_floor, nullptr},
-    {"datetime", 1, copies, nullptr, datetime_to_floor, datetime_from_floor},
+    {"wireless", 8, copies, nullptr, wireless_to_baseline, wireless_from_baseline},
+    {"connected_device", 200, copies, nullptr, connected_device_to_baseline, nullptr},
+    {"wan", 8, copies, nullptr, wan_to_baseline, wan_from_baseline},
+    {"tr069_config", 1, copies, nullptr, tr069_config_to_baseline, tr069_config_from_baseline},
+    {"qos_classification", 16, copies, nullptr, qos_classification_to_baseline, qos_classification_from_baseline},
+    {"firewall_ip_port_filtering", 64, rules_of_filter, "filter_lists", firewall_ip_port_filtering_to_baseline,
+     firewall_ip_port_filtering_from_baseline},
+    {"traceroute", 30, hops, nullptr, traceroute_to_baseline, traceroute_from_baseline},
+    {"easymesh", 40, mesh, "neighbors", easymesh_to_baseline, easymesh_from_baseline},
+    {"parental_control", 32, rules_of_control, "parental_control_list", parental_control_to_baseline,
+     parental_control_from_baseline},
+    {"interface", 8, copies, "ip6_list", interface_to_baseline, interface_from_baseline},
+    {"pon_counters", 1, copies, nullptr, pon_counters_to_baseline, nullptr},
+    {"datetime", 1, copies, nullptr, datetime_to_baseline, datetime_from_baseline},
 };
 
 Json read_example(std::string_view resource)

@@ -1,7 +1,7 @@
 #ifndef KELMORA_BENCH_WORKLOADS_H
 #define KELMORA_BENCH_WORKLOADS_H
 
-#include "host/node.h"
+#include "host/gateway/node.h"
 
 #include "kelmora_host.h"
 
@@ -16,7 +16,7 @@ namespace kelmora_bench {
 
 using Nodes = std::vector<kelmora_host::Node>;
 
-/// A resource that is measured beside its floor: the shortest sequence of calls of the JSON library that yields the
+/// A resource that is measured beside its baseline: the shortest sequence of calls of the JSON library that yields the
 /// same document, or reads the same keys, written by hand.
 struct Workload {
     std::string_view resource;
@@ -25,15 +25,15 @@ struct Workload {
     Nodes (*make_nodes)(std::string_view resource, std::size_t size);
     const char *list; ///< the list of a document that has `size` elements; NULL when a document has always one size
 
-    kelmora_to_translator to_floor;
-    kelmora_from_translator from_floor; ///< NULL where the resource reads no document
+    kelmora_to_translator to_baseline;
+    kelmora_from_translator from_baseline; ///< NULL where the resource reads no document
 
     /// The sizes to measure: the usual one and those that show growth; of documents just 1 when they do not grow, and
     /// none when there are none.
     [[nodiscard]] std::set<std::size_t> sizes() const { return {1, 16, 64, 256, usual}; }
     [[nodiscard]] std::set<std::size_t> document_sizes() const
     {
-        if (from_floor == nullptr)
+        if (from_baseline == nullptr)
             return {};
         return list != nullptr ? sizes() : std::set<std::size_t>{1};
     }

@@ -5,7 +5,7 @@
 
 namespace kelmora {
 
-void *new_block(Decoder &in, std::size_t size, const char *list)
+void *new_block(const Decoder &in, std::size_t size, const char *list)
 {
     if (!in.ok())
         return nullptr;

@@ -39,11 +39,11 @@ private:
 template <class Node> Chain<Node> chain(const Node *first) { return Chain<Node>(first); }
 
 /// The body of new_node.
-[[nodiscard]] void *new_block(Decoder &in, std::size_t size, const char *list);
+[[nodiscard]] void *new_block(const Decoder &in, std::size_t size, const char *list);
 
 /// A new node for a chain of the host's, all zeros, which the host frees: a single block from malloc. list: the key of
 /// the list. NULL after a failure, be it this one's own: (list, "out of memory", "json").
-template <class Node> [[nodiscard]] Node *new_node(Decoder &in, const char *list)
+template <class Node> [[nodiscard]] Node *new_node(const Decoder &in, const char *list)
 {
     return static_cast<Node *>(new_block(in, sizeof(Node), list));
 }
@@ -56,7 +56,7 @@ public:
     explicit ChainBuilder(Node *&first) : link_(first != nullptr ? &first->next : &first) {}
 
     /// A new node, linked at once. list: as for new_node. NULL after a failure; the chain is then as it was.
-    [[nodiscard]] Node *add(Decoder &in, const char *list)
+    [[nodiscard]] Node *add(const Decoder &in, const char *list)
     {
         auto *node = new_node<Node>(in, list);
         if (node != nullptr) {
@@ -70,22 +70,22 @@ private:
     Node **link_;
 };
 
-/// Adds a node to a chain inside a record for each text of an array; an empty text or an element that is none is
-/// skipped. A text that the node's field cannot hold whole fails, and nothing of it is stored. list: the key of the
-/// list; element: the error field for such a text.
+/// Adds a node to a chain inside a record for each string of an array; an empty string or an element that is none is
+/// skipped. A string that the node's field cannot hold whole fails, and nothing of it is stored. list: the key of the
+/// list; element: the error field for such a string.
 template <class Node, std::size_t width>
-void add_texts(Decoder &in, const Elements &texts, Node *&first, char (Node::*field)[width], const char *list,
-               const char *element)
+void add_strings(const Decoder &in, const ArrayDecoder &strings, Node *&first, char (Node::*field)[width],
+                 const char *list, const char *element)
 {
     ChainBuilder<Node> builder(first);
-    for (const Decoder text : texts) {
-        const std::size_t length = std::strlen(text.text());
+    for (const Decoder string : strings) {
+        const std::size_t length = std::strlen(string.string());
         if (length == 0)
             continue;
         if (length >= width)
             in.fail(element, "one or more elements exceeds the maximum of characters", "size");
         else if (Node *node = builder.add(in, list))
-            text.store_text(node->*field);
+            string.store_string(node->*field);
     }
 }
 

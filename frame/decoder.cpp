@@ -20,18 +20,18 @@ template <class Field> void store_integer(Field &field, const json_t *value)
 
 } // namespace
 
-void Decoder::fail_silently()
+void Decoder::fail_silently() const
 {
     if (!call_->ok)
         return;
     call_->ok = false;
-    if (call_->keep_on_failure)
-        call_->document.keep();
+    if (call_->leak_on_failure)
+        call_->document.leak();
     else
         call_->document.release();
 }
 
-void Decoder::fail(const char *field, const char *message, const char *source)
+void Decoder::fail(const char *field, const char *message, const char *source) const
 {
     if (!call_->ok)
         return;
@@ -47,12 +47,12 @@ constexpr std::size_t deepest_rendered = 512;
 
 } // namespace
 
-char *Decoder::rendered(const char *name)
+char *Decoder::rendered(const char *name) const
 {
     const json_t *value = find(name);
     if (!(json_is_object(value) || json_is_array(value)))
         return nullptr;
-    if (nesting_of_member(call_->text, name) > deepest_rendered) {
+    if (nesting_of_member(call_->json, name) > deepest_rendered) {
         fail(name, "nested too deeply");
         return nullptr;
     }
@@ -68,15 +68,15 @@ char *Decoder::rendered(const char *name)
     return copy;
 }
 
-const char *Decoder::text() const
+const char *Decoder::string() const
 {
-    const char *text = ok() ? json_string_value(value_) : nullptr;
-    return text != nullptr ? text : "";
+    const char *string = ok() ? json_string_value(value_) : nullptr;
+    return string != nullptr ? string : "";
 }
 
 const json_t *Decoder::find(const char *name) const { return call_->ok ? json_object_get(value_, name) : nullptr; }
 
-const json_t *Decoder::find_required(Key key)
+const json_t *Decoder::find_required(Key key) const
 {
     const json_t *value = find(key.name());
     if (value == nullptr)
@@ -84,7 +84,7 @@ const json_t *Decoder::find_required(Key key)
     return value;
 }
 
-const json_t *Decoder::find_checked(const char *name, int type)
+const json_t *Decoder::find_checked(const char *name, int type) const
 {
     const json_t *value = find(name);
     const char *fault = value_fault(value, type);
@@ -94,106 +94,106 @@ const json_t *Decoder::find_checked(const char *name, int type)
     return nullptr;
 }
 
-void Decoder::required_boolean(Key key, std::uint8_t &field)
+void Decoder::required_boolean(Key key, std::uint8_t &field) const
 {
     if (const json_t *value = find_required(key))
         field = boolean_of(value);
 }
 
-void Decoder::required_integer(Key key, std::uint8_t &field)
+void Decoder::required_integer(Key key, std::uint8_t &field) const
 {
     if (const json_t *value = find_required(key))
         store_integer(field, value);
 }
 
-void Decoder::required_integer(Key key, std::uint16_t &field)
+void Decoder::required_integer(Key key, std::uint16_t &field) const
 {
     if (const json_t *value = find_required(key))
         store_integer(field, value);
 }
 
-void Decoder::required_integer(Key key, std::uint32_t &field)
+void Decoder::required_integer(Key key, std::uint32_t &field) const
 {
     if (const json_t *value = find_required(key))
         store_integer(field, value);
 }
 
-void Decoder::required_text(Key key, char *field, std::size_t width)
+void Decoder::required_string(Key key, char *field, std::size_t width) const
 {
     if (const json_t *value = find_required(key))
-        kelmora::store_text(field, json_string_value(value), width);
+        kelmora::store_string(field, json_string_value(value), width);
 }
 
-Decoder Decoder::required(Key key)
+Decoder Decoder::required(Key key) const
 {
     const json_t *value = find_required(key);
     return {*call_, value};
 }
 
-Elements Decoder::required_array(Key key) { return {*call_, find_required(key)}; }
+ArrayDecoder Decoder::required_array(Key key) const { return {*call_, find_required(key)}; }
 
-void Decoder::optional_boolean(const char *name, std::uint8_t &field)
+void Decoder::optional_boolean(const char *name, std::uint8_t &field) const
 {
     if (const json_t *value = find(name))
         field = boolean_of(value);
 }
 
-void Decoder::optional_integer(const char *name, std::uint8_t &field)
+void Decoder::optional_integer(const char *name, std::uint8_t &field) const
 {
     if (const json_t *value = find(name))
         store_integer(field, value);
 }
 
-void Decoder::optional_integer(const char *name, std::uint16_t &field)
+void Decoder::optional_integer(const char *name, std::uint16_t &field) const
 {
     if (const json_t *value = find(name))
         store_integer(field, value);
 }
 
-void Decoder::optional_integer(const char *name, std::uint32_t &field)
+void Decoder::optional_integer(const char *name, std::uint32_t &field) const
 {
     if (const json_t *value = find(name))
         store_integer(field, value);
 }
 
-void Decoder::optional_text(const char *name, char *field, std::size_t width)
+void Decoder::optional_string(const char *name, char *field, std::size_t width) const
 {
     if (const json_t *value = find(name))
-        kelmora::store_text(field, json_string_value(value), width);
+        kelmora::store_string(field, json_string_value(value), width);
 }
 
-Elements Decoder::optional_array(const char *name) { return {*call_, find(name)}; }
+ArrayDecoder Decoder::optional_array(const char *name) const { return {*call_, find(name)}; }
 
-void Decoder::checked_boolean(const char *name, std::uint8_t &field)
+void Decoder::checked_boolean(const char *name, std::uint8_t &field) const
 {
     if (const json_t *value = find_checked(name, KELMORA_JSON_BOOLEAN))
         field = boolean_of(value);
 }
 
-void Decoder::checked_integer(const char *name, std::uint8_t &field)
+void Decoder::checked_integer(const char *name, std::uint8_t &field) const
 {
     if (const json_t *value = find_checked(name, KELMORA_JSON_INTEGER))
         store_integer(field, value);
 }
 
-void Decoder::checked_integer(const char *name, std::uint32_t &field)
+void Decoder::checked_integer(const char *name, std::uint32_t &field) const
 {
     if (const json_t *value = find_checked(name, KELMORA_JSON_INTEGER))
         store_integer(field, value);
 }
 
-void Decoder::checked_text(const char *name, char *field, std::size_t width)
+void Decoder::checked_string(const char *name, char *field, std::size_t width) const
 {
     if (const json_t *value = find_checked(name, KELMORA_JSON_STRING))
-        kelmora::store_text(field, json_string_value(value), width);
+        kelmora::store_string(field, json_string_value(value), width);
 }
 
-Elements Decoder::checked_array(const char *name) { return {*call_, find_checked(name, KELMORA_JSON_ARRAY)}; }
+ArrayDecoder Decoder::checked_array(const char *name) const { return {*call_, find_checked(name, KELMORA_JSON_ARRAY)}; }
 
 namespace {
 
 /// Parses the text and calls read(in) with the document. Returns the translator's result.
-template <class ReadDocument> int parse(const char *text, kelmora_errorlist *errors, ReadDocument read)
+template <class Read> int parse(const char *text, kelmora_errorlist *errors, Read read)
 {
     if (*text == '\0')
         return 1;
@@ -203,19 +203,19 @@ template <class ReadDocument> int parse(const char *text, kelmora_errorlist *err
         in.fail("", "invalid json data");
     else
         read(in);
-    if (call.ok && call.keep_on_success)
-        call.document.keep();
+    if (call.ok && call.leak_on_success)
+        call.document.leak();
     return call.ok ? 1 : 0;
 }
 
 } // namespace
 
-int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read)
+int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadDocument read)
 {
     return parse(text, errors, [=](Decoder &in) { read(in, kelmora_resource_get_data(node)); });
 }
 
-int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read)
+int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadDocument read)
 {
     return parse(text, errors, [=](Decoder &in) {
         if (in.required(key))
@@ -223,7 +223,7 @@ int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_erro
     });
 }
 
-int decode_into(void *into, const char *text, kelmora_errorlist *errors, Read read)
+int decode_into(void *into, const char *text, kelmora_errorlist *errors, ReadDocument read)
 {
     return parse(text, errors, [=](Decoder &in) { read(in, into); });
 }

@@ -3,7 +3,7 @@
 
 #include "frame/document.h"
 #include "frame/key.h"
-#include "frame/text.h"
+#include "frame/string.h"
 
 #include "kelmora_host.h"
 
@@ -13,28 +13,28 @@
 
 namespace kelmora {
 
-class Elements;
+class ArrayDecoder;
 
 /// A reading position in a parsed document: one JSON value, whose members are read by key. The members of a value that
-/// is no object are all missing.
+/// is no object are all missing. A handle: copies read the same document and share its first failure.
 ///
 /// The first failure ends the translation: it releases the document, appends its one error, and makes every later read
 /// of this and all other positions in the document do nothing. So reads simply follow each other; only code with
 /// effects of its own (allocating, linking, calling the host) asks ok() before.
 ///
 /// Required members must be there, JSON null included; optional ones are stored only when they are there. Types are not
-/// checked but by the `checked` reads: a boolean is true only for JSON true, an integer that is none reads as 0, a text
-/// that is none as empty. Integers are cut to the field's width, texts to the field's width less one byte.
+/// checked but by the `checked` reads: a boolean is true only for JSON true, an integer that is none reads as 0, a
+/// string that is none as empty. Integers are cut to the field's width, strings to the field's width less one byte.
 class Decoder {
 public:
     /// What all positions in one document share.
     struct Call {
         Document document;
         kelmora_errorlist *errors;
-        const char *text = ""; ///< what the document was parsed from
+        const char *json = ""; ///< what the document was parsed from
         bool ok = true;
-        bool keep_on_success = false;
-        bool keep_on_failure = false;
+        bool leak_on_success = false;
+        bool leak_on_failure = false;
     };
 
     Decoder(Call &call, const json_t *value) : call_(&call), value_(value) {}
@@ -43,19 +43,19 @@ public:
     [[nodiscard]] bool ok() const { return call_->ok; }
 
     /// Fails with this error, unless there was a failure before. The texts are constants.
-    void fail(const char *field, const char *message, const char *source = "json");
+    void fail(const char *field, const char *message, const char *source = "json") const;
 
     /// Fails without an error of its own: for a host function that reported one.
-    void fail_silently();
+    void fail_silently() const;
 
     /// The request's errors, for the host functions that take them, and for the errors that are none: those with which
     /// the translation goes on.
     [[nodiscard]] kelmora_errorlist *errors() const { return call_->errors; }
 
-    /// For the few paths that must leave the document unreleased (Document::keep): success, and failures from here on
-    /// until it is said otherwise.
-    void keep_document_on_success() { call_->keep_on_success = true; }
-    void keep_document_on_failure(bool keep) { call_->keep_on_failure = keep; }
+    /// For the few paths that must leak the document (Document::leak): success, and failures from here on until it is
+    /// said otherwise.
+    void leak_document_on_success() const { call_->leak_on_success = true; }
+    void leak_document_on_failure(bool leak) const { call_->leak_on_failure = leak; }
 
     // ---- this value
 
@@ -66,16 +66,16 @@ public:
     [[nodiscard]] bool is_true() const { return ok() && json_is_true(value_); }
 
     /// A JSON string.
-    [[nodiscard]] bool is_text() const { return ok() && json_is_string(value_); }
+    [[nodiscard]] bool is_string() const { return ok() && json_is_string(value_); }
 
-    /// The value as text, empty when it is no string. Valid until the document is released.
-    [[nodiscard]] const char *text() const;
+    /// The value as a string, empty when it is none. Valid until the document is released.
+    [[nodiscard]] const char *string() const;
 
-    /// Stores that text, cut to the field's width less one byte; nothing when the value is missing.
-    template <std::size_t width> void store_text(char (&field)[width]) const
+    /// Stores that string, cut to the field's width less one byte; nothing when the value is missing.
+    template <std::size_t width> void store_string(char (&field)[width]) const
     {
         if (*this)
-            kelmora::store_text(field, text(), width);
+            kelmora::store_string(field, string(), width);
     }
 
     /// The value as a number, 0 when it is no integer.
@@ -87,73 +87,80 @@ public:
 
     // ---- members that must be there
 
-    void required_boolean(Key key, std::uint8_t &field);
-    void required_integer(Key key, std::uint8_t &field);
-    void required_integer(Key key, std::uint16_t &field);
-    void required_integer(Key key, std::uint32_t &field);
-    void required_integer(Key key, std::int32_t &field) { required_integer(key, as_unsigned(field)); }
-    template <std::size_t width> void required_text(Key key, char (&field)[width]) { required_text(key, field, width); }
+    void required_boolean(Key key, std::uint8_t &field) const;
+    void required_integer(Key key, std::uint8_t &field) const;
+    void required_integer(Key key, std::uint16_t &field) const;
+    void required_integer(Key key, std::uint32_t &field) const;
+    void required_integer(Key key, std::int32_t &field) const { required_integer(key, as_unsigned(field)); }
+    template <std::size_t width> void required_string(Key key, char (&field)[width]) const
+    {
+        required_string(key, field, width);
+    }
 
     /// A member of any type, for reads of its own or for its members.
-    [[nodiscard]] Decoder required(Key key);
+    [[nodiscard]] Decoder required(Key key) const;
+
+    /// Fails, and reads nothing, unless all of these members are there: for those that are stored together or not at
+    /// all. The first that is missing is reported.
+    template <class... Keys> void require(Keys... keys) const { (static_cast<void>(find_required(keys)), ...); }
 
     /// A member's elements; a value that is no array has none.
-    [[nodiscard]] Elements required_array(Key key);
+    [[nodiscard]] ArrayDecoder required_array(Key key) const;
 
     // ---- members that may be absent; the field then keeps what it held
 
-    void optional_boolean(const char *name, std::uint8_t &field);
-    void optional_integer(const char *name, std::uint8_t &field);
-    void optional_integer(const char *name, std::uint16_t &field);
-    void optional_integer(const char *name, std::uint32_t &field);
-    void optional_integer(const char *name, std::int32_t &field) { optional_integer(name, as_unsigned(field)); }
-    template <std::size_t width> void optional_text(const char *name, char (&field)[width])
+    void optional_boolean(const char *name, std::uint8_t &field) const;
+    void optional_integer(const char *name, std::uint8_t &field) const;
+    void optional_integer(const char *name, std::uint16_t &field) const;
+    void optional_integer(const char *name, std::uint32_t &field) const;
+    void optional_integer(const char *name, std::int32_t &field) const { optional_integer(name, as_unsigned(field)); }
+    template <std::size_t width> void optional_string(const char *name, char (&field)[width]) const
     {
-        optional_text(name, field, width);
+        optional_string(name, field, width);
     }
 
     /// A member of any type; false as a condition when it is absent.
     [[nodiscard]] Decoder optional(const char *name) const { return {*call_, find(name)}; }
 
     /// A member's elements; an absent member or one that is no array has none.
-    [[nodiscard]] Elements optional_array(const char *name);
+    [[nodiscard]] ArrayDecoder optional_array(const char *name) const;
 
     /// A member of the root, which this must be, as compact JSON text where it is an object or array: a block from
     /// malloc of just the text's size, the caller's. NULL for any other value, an absent one, and after a failure, be
     /// it this one's own: (name, "out of memory", "json"), and for a member of more than 512 levels (name, "nested too
     /// deeply", "json").
-    [[nodiscard]] char *rendered(const char *name);
+    [[nodiscard]] char *rendered(const char *name) const;
 
     // ---- members that must be there and of their type: "field not found", "data type must be a valid ..."
 
-    void checked_boolean(const char *name, std::uint8_t &field);
-    void checked_integer(const char *name, std::uint8_t &field);
-    void checked_integer(const char *name, std::uint32_t &field);
-    template <std::size_t width> void checked_text(const char *name, char (&field)[width])
+    void checked_boolean(const char *name, std::uint8_t &field) const;
+    void checked_integer(const char *name, std::uint8_t &field) const;
+    void checked_integer(const char *name, std::uint32_t &field) const;
+    template <std::size_t width> void checked_string(const char *name, char (&field)[width]) const
     {
-        checked_text(name, field, width);
+        checked_string(name, field, width);
     }
-    [[nodiscard]] Elements checked_array(const char *name);
+    [[nodiscard]] ArrayDecoder checked_array(const char *name) const;
 
 private:
     /// The same bytes: what is stored into a signed field is the integer's low bits, as for an unsigned one.
     static std::uint32_t &as_unsigned(std::int32_t &field) { return reinterpret_cast<std::uint32_t &>(field); }
 
     [[nodiscard]] const json_t *find(const char *name) const;
-    [[nodiscard]] const json_t *find_required(Key key);
-    [[nodiscard]] const json_t *find_checked(const char *name, int type);
-    void required_text(Key key, char *field, std::size_t width);
-    void optional_text(const char *name, char *field, std::size_t width);
-    void checked_text(const char *name, char *field, std::size_t width);
+    [[nodiscard]] const json_t *find_required(Key key) const;
+    [[nodiscard]] const json_t *find_checked(const char *name, int type) const;
+    void required_string(Key key, char *field, std::size_t width) const;
+    void optional_string(const char *name, char *field, std::size_t width) const;
+    void checked_string(const char *name, char *field, std::size_t width) const;
 
     Call *call_;
     const json_t *value_;
 };
 
 /// The elements of an array, in order. A loop over them stops by itself after a failure.
-class Elements {
+class ArrayDecoder {
 public:
-    Elements(Decoder::Call &call, const json_t *array) : call_(&call), array_(array) {}
+    ArrayDecoder(Decoder::Call &call, const json_t *array) : call_(&call), array_(array) {}
 
     /// 0 after a failure.
     [[nodiscard]] std::size_t size() const { return call_->ok ? json_array_size(array_) : 0; }
@@ -166,7 +173,7 @@ public:
 
     class Iterator {
     public:
-        explicit Iterator(const Elements &elements) : elements_(&elements), size_(elements.size()) {}
+        explicit Iterator(const ArrayDecoder &elements) : elements_(&elements), size_(elements.size()) {}
         Decoder operator*() const { return (*elements_)[index_]; }
         Iterator &operator++()
         {
@@ -177,7 +184,7 @@ public:
         bool operator!=(std::nullptr_t /*end*/) const { return index_ < size_ && elements_->call_->ok; }
 
     private:
-        const Elements *elements_;
+        const ArrayDecoder *elements_;
         std::size_t size_;
         std::size_t index_ = 0;
     };
@@ -197,39 +204,39 @@ template <class Record> Record &record_of(kelmora_resource *node)
 }
 
 /// Reads a document into a record, or with what the node itself is needed for.
-using Read = void (*)(Decoder &in, void *into);
+using ReadDocument = void (*)(Decoder &in, void *into);
 
 /// A from-translator, which fetches the record once the document is parsed. An empty text succeeds at once. Returns 1,
 /// or 0 after a failure.
-int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read);
+int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadDocument read);
 
 /// The same, which does not fetch the record before the document turned out to have this key.
-int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors, Read read);
+int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors, ReadDocument read);
 
 /// The same into a record that was fetched already, or into the node.
-int decode_into(void *into, const char *text, kelmora_errorlist *errors, Read read);
+int decode_into(void *into, const char *text, kelmora_errorlist *errors, ReadDocument read);
 
 namespace detail {
 
-template <auto read> struct Reader;
+template <auto from_json> struct RecordReader;
 
-template <class Record, void (*read)(Decoder &, Record &)> struct Reader<read> {
-    static void call(Decoder &in, void *record) { read(in, *static_cast<Record *>(record)); }
+template <class Record, void (*from_json)(Decoder &, Record &)> struct RecordReader<from_json> {
+    static void call(Decoder &in, void *record) { from_json(in, *static_cast<Record *>(record)); }
     static constexpr bool takes_node = false;
 };
 
-template <void (*read)(Decoder &, kelmora_resource *)> struct Reader<read> {
-    static void call(Decoder &in, void *node) { read(in, static_cast<kelmora_resource *>(node)); }
+template <void (*from_json)(Decoder &, kelmora_resource *)> struct RecordReader<from_json> {
+    static void call(Decoder &in, void *node) { from_json(in, static_cast<kelmora_resource *>(node)); }
     static constexpr bool takes_node = true;
 };
 
 } // namespace detail
 
-/// A from-translator of the function that reads one record: void read(Decoder &, Record &), or with kelmora_resource *
-/// in the record's place where the resource has the host do something with the node.
-template <auto read> int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+/// A from-translator of the function that reads one record: void from_json(Decoder &, Record &), or with
+/// kelmora_resource * in the record's place where the resource has the host do something with the node.
+template <auto from_json> int decode(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    using Reader = detail::Reader<read>;
+    using Reader = detail::RecordReader<from_json>;
     if constexpr (Reader::takes_node)
         return decode_into(node, text, errors, &Reader::call);
     else
@@ -237,17 +244,17 @@ template <auto read> int decode(kelmora_resource *node, const char *text, kelmor
 }
 
 /// The same for a record that is not fetched before the document turned out to have this key.
-template <auto read> int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+template <auto from_json> int decode_after(Key key, kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    using Reader = detail::Reader<read>;
+    using Reader = detail::RecordReader<from_json>;
     static_assert(!Reader::takes_node);
     return decode_after(key, node, text, errors, &Reader::call);
 }
 
 /// The same into a record that was fetched before the text is looked at.
-template <auto read, class Record> int decode_into(Record &record, const char *text, kelmora_errorlist *errors)
+template <auto from_json, class Record> int decode_into(Record &record, const char *text, kelmora_errorlist *errors)
 {
-    return decode_into(&record, text, errors, &detail::Reader<read>::call);
+    return decode_into(&record, text, errors, &detail::RecordReader<from_json>::call);
 }
 
 } // namespace kelmora

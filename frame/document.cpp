@@ -8,7 +8,7 @@ void Document::release()
     root_ = nullptr;
 }
 
-void Document::keep()
+void Document::leak()
 {
 #ifdef KELMORA_RELEASE_ALL
     release();

@@ -20,9 +20,9 @@ public:
     /// Releases the root now. More than once does no harm.
     void release();
 
-    /// Leaves the root unreleased for good, as a few paths must: each costs the process one document a call. A build
-    /// with KELMORA_RELEASE_ALL releases it instead.
-    void keep();
+    /// Leaks the root, as a few paths must: each such call costs the process one document for good. A build with
+    /// KELMORA_RELEASE_ALL releases it instead.
+    void leak();
 
 private:
     json_t *root_;

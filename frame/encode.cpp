@@ -10,50 +10,43 @@ namespace kelmora {
 
 namespace {
 
-constexpr bool has(Shape shape, Shape option)
+bool root_is_array(const kelmora_resource &head, Format format)
 {
-    return (static_cast<unsigned>(shape) & static_cast<unsigned>(option)) != 0;
+    if (format.root() == Root::by_list_flag)
+        return head.is_list != 0;
+    return format.root() == Root::always_array;
 }
 
-constexpr Shape nodes_of(Shape shape) { return static_cast<Shape>(static_cast<unsigned>(shape) & 3U); }
-
-bool root_is_array(const kelmora_resource &head, Shape shape)
+/// Calls visit(node) for the nodes that the format names.
+template <class Visit> void for_each_node(kelmora_resource *head, Format format, Visit visit)
 {
-    if (has(shape, Shape::always_array))
-        return true;
-    return head.is_list != 0 && !has(shape, Shape::always_object);
-}
-
-/// Calls visit(node) for the nodes that the shape names.
-template <class Visit> void for_each_node(kelmora_resource *head, Shape shape, Visit visit)
-{
-    const Shape nodes = nodes_of(shape);
-    const bool counted = nodes == Shape::counting || nodes == Shape::head_repeated;
+    const Nodes nodes = format.nodes();
+    const bool counted = nodes == Nodes::counting || nodes == Nodes::head_repeated;
     kelmora_resource *node = head;
     for (std::uint32_t done = 0; node != nullptr && (!counted || done < head->count); ++done) {
         visit(node);
-        if (nodes == Shape::head_only)
+        if (nodes == Nodes::head_only)
             break;
-        if (nodes != Shape::head_repeated)
+        if (nodes != Nodes::head_repeated)
             node = kelmora_resource_get_next(node);
     }
 }
 
 /// The finished document, or NULL when memory ran out.
-json_t *build(kelmora_resource *head, Shape shape, WriteNode write)
+json_t *build(kelmora_resource *head, Format format, NodeToJson to_json)
 {
-    const auto write_into = [=](Encoder &object, kelmora_resource *node) {
-        write(object, kelmora_resource_get_data(node), has(shape, Shape::head_id) ? head->id : node->id);
+    const auto node_to_json = [=](Encoder &object, kelmora_resource *node) {
+        to_json(object, kelmora_resource_get_data(node), format.with_head_id() ? head->id : node->id);
     };
-    if (root_is_array(*head, shape)) {
+    if (root_is_array(*head, format)) {
         ArrayEncoder list;
-        for_each_node(head, shape, [&](kelmora_resource *node) {
-            list.object([&](Encoder &element) { write_into(element, node); });
+        for_each_node(head, format, [&](kelmora_resource *node) {
+            list.object([&](Encoder &element) { node_to_json(element, node); });
         });
         return list.take();
     }
     Encoder single;
-    for_each_node(head, shape, [&](kelmora_resource *node) { write_into(single, node); });
+    for_each_node(head, format, [&](kelmora_resource *node) { node_to_json(single, node); });
     return single.take();
 }
 
@@ -74,19 +67,18 @@ constexpr char empty_object[] = "{}";
 
 } // namespace
 
-int encode(kelmora_resource *head, char **out, Format format, WriteNode write)
+int encode(kelmora_resource *head, char **out, Format format, NodeToJson to_json)
 {
-    const Shape shape = format.shape();
-    if (has(shape, Shape::literal_when_empty) && head->count == 0) {
+    if (format.if_any() && head->count == 0) {
         std::memcpy(*out, empty_array, sizeof empty_array);
         return 1;
     }
-    const Document document(build(head, shape, write));
+    const Document document(build(head, format, to_json));
     char *text = document.root() != nullptr ? json_dumps(document.root(), format.flags()) : nullptr;
     const bool done = hand_over(text, out);
     std::free(text);
     if (!done)
-        std::memcpy(*out, root_is_array(*head, shape) ? empty_array : empty_object, sizeof empty_array);
+        std::memcpy(*out, root_is_array(*head, format) ? empty_array : empty_object, sizeof empty_array);
     return done ? 1 : 0;
 }
 

@@ -1,6 +1,6 @@
 #include "frame/encoder.h"
 
-#include "frame/text.h"
+#include "frame/string.h"
 
 #include <cmath>
 #include <cstring>
@@ -10,7 +10,7 @@ namespace kelmora {
 
 namespace {
 
-/// Whether a text is a NULL string value because jansson refuses it, rather than for want of memory.
+/// Whether a string has no JSON value because jansson refuses it, rather than for want of memory.
 bool refused(const char *field, std::size_t width)
 {
     const std::size_t length = field_length(field, width);
@@ -43,7 +43,7 @@ void Encoder::set(const char *key, Encoder &nested) { set(key, nested.take()); }
 
 void Encoder::set(const char *key, ArrayEncoder &nested) { set(key, nested.take()); }
 
-void Encoder::text(const char *key, const char *field, std::size_t width)
+void Encoder::string(const char *key, const char *field, std::size_t width)
 {
     json_t *value = string_of_field(field, width);
     if (value == nullptr && refused(field, width))
@@ -51,12 +51,12 @@ void Encoder::text(const char *key, const char *field, std::size_t width)
     set(key, value);
 }
 
-void Encoder::whole_text(const char *key, const char *text)
+void Encoder::whole_string(const char *key, const char *string)
 {
-    if (text == nullptr)
+    if (string == nullptr)
         return;
-    json_t *value = json_string(text);
-    if (value == nullptr && !is_utf8(text, std::strlen(text)))
+    json_t *value = json_string(string);
+    if (value == nullptr && !is_utf8(string, std::strlen(string)))
         return;
     set(key, value);
 }
@@ -87,7 +87,7 @@ void ArrayEncoder::append(json_t *value)
 
 void ArrayEncoder::append(Encoder &element) { append(element.take()); }
 
-void ArrayEncoder::text(const char *field, std::size_t width)
+void ArrayEncoder::string(const char *field, std::size_t width)
 {
     json_t *value = string_of_field(field, width);
     if (value == nullptr && refused(field, width))

@@ -17,9 +17,9 @@ class ArrayEncoder;
 /// A JSON object in the making. Each call adds one key, in the order of the calls; a key that is there already keeps
 /// its place and takes the new value. Keys are constants.
 ///
-/// What jansson cannot express is left out without being an error: a text that is not UTF-8 after its cut, a real that
-/// is not finite. Where memory runs out the object counts as incomplete from then on, and so does everything that it
-/// becomes part of.
+/// What jansson cannot express is left out without being an error: a string that is not UTF-8 after its cut, a real
+/// that is not finite. Where memory runs out the object counts as incomplete from then on, and so does everything that
+/// it becomes part of.
 class Encoder {
 public:
     Encoder();
@@ -27,11 +27,11 @@ public:
     Encoder &operator=(const Encoder &) = delete;
     ~Encoder();
 
-    /// A text field of fixed width, cut to width - 1 bytes.
-    template <std::size_t width> void text(const char *key, const char (&field)[width]) { text(key, field, width); }
+    /// A string field of fixed width, cut to width - 1 bytes.
+    template <std::size_t width> void string(const char *key, const char (&field)[width]) { string(key, field, width); }
 
-    /// A text of any length, uncut; the key is left out when it is NULL.
-    void whole_text(const char *key, const char *text);
+    /// A string of any length, uncut; the key is left out when it is NULL.
+    void whole_string(const char *key, const char *string);
 
     /// Narrower fields widen to int32_t.
     void integer(const char *key, std::uint32_t value);
@@ -57,7 +57,7 @@ public:
     [[nodiscard]] json_t *take();
 
 private:
-    void text(const char *key, const char *field, std::size_t width);
+    void string(const char *key, const char *field, std::size_t width);
     void set(const char *key, json_t *value);
     void set(const char *key, Encoder &nested);
     void set(const char *key, ArrayEncoder &nested);
@@ -66,7 +66,7 @@ private:
     bool complete_ = true;
 };
 
-/// A JSON array in the making, with the same rules. Elements come in the order of the calls.
+/// A JSON array in the making, with the same rules. ArrayDecoder come in the order of the calls.
 class ArrayEncoder {
 public:
     ArrayEncoder();
@@ -78,8 +78,8 @@ public:
     ArrayEncoder &operator=(const ArrayEncoder &) = delete;
     ~ArrayEncoder();
 
-    /// A text field of fixed width, cut to width - 1 bytes; no element when it is not UTF-8.
-    template <std::size_t width> void text(const char (&field)[width]) { text(field, width); }
+    /// A string field of fixed width, cut to width - 1 bytes; no element when it is not UTF-8.
+    template <std::size_t width> void string(const char (&field)[width]) { string(field, width); }
 
     void integer(std::uint32_t value);
 
@@ -95,7 +95,7 @@ public:
     [[nodiscard]] json_t *take();
 
 private:
-    void text(const char *field, std::size_t width);
+    void string(const char *field, std::size_t width);
     void append(json_t *value);
     void append(Encoder &element);
 

@@ -6,22 +6,22 @@
 
 namespace kelmora {
 
-/// A text that can be a template argument.
-template <std::size_t Size> struct FixedText {
+/// A string that can be a template argument.
+template <std::size_t Size> struct FixedString {
     char characters[Size]{};
 
-    constexpr FixedText(const char (&text)[Size]) // implicit: literals turn into it
+    constexpr FixedString(const char (&literal)[Size]) // implicit: literals turn into it
     {
         for (std::size_t i = 0; i < Size; ++i)
-            characters[i] = text[i];
+            characters[i] = literal[i];
     }
 
-    constexpr FixedText() = default;
+    constexpr FixedString() = default;
 
-    /// Both texts in one, with one NUL at the end.
-    template <std::size_t Other> constexpr auto operator+(const FixedText<Other> &other) const
+    /// Both strings in one, with one NUL at the end.
+    template <std::size_t Other> constexpr auto operator+(const FixedString<Other> &other) const
     {
-        FixedText<Size + Other - 1> both;
+        FixedString<Size + Other - 1> both;
         for (std::size_t i = 0; i < Size - 1; ++i)
             both.characters[i] = characters[i];
         for (std::size_t i = 0; i < Other; ++i)
@@ -51,27 +51,59 @@ private:
 
 namespace detail {
 
+/// Where the last step of a path begins: behind the last dot or colon.
+template <std::size_t Size> constexpr std::size_t last_step(const FixedString<Size> &path)
+{
+    std::size_t begin = 0;
+    for (std::size_t i = 0; i < Size; ++i) {
+        if (path.characters[i] == '.' || path.characters[i] == ':')
+            begin = i + 1;
+    }
+    return begin;
+}
+
+/// The last step of a path: the key itself.
+template <FixedString path> constexpr auto name_in()
+{
+    constexpr std::size_t begin = last_step(path);
+    FixedString<sizeof path.characters - begin> name;
+    for (std::size_t i = begin; i < sizeof path.characters; ++i)
+        name.characters[i - begin] = path.characters[i];
+    return name;
+}
+
+/// The error field of a path: empty, which stands for the name, where it is no more than that.
+template <FixedString path> constexpr auto field_of()
+{
+    if constexpr (last_step(path) == 0)
+        return FixedString("");
+    else
+        return path;
+}
+
 /// Aligned to a byte, as compilers would give each a word's alignment.
-template <FixedText name, FixedText field, FixedText message>
-alignas(1) inline constexpr auto packed_key = name + FixedText("\0") + field + FixedText("\0") + message;
+template <FixedString name, FixedString field, FixedString message>
+alignas(1) inline constexpr auto packed_key = name + FixedString("\0") + field + FixedString("\0") + message;
 
 } // namespace detail
 
-/// "opMode"_key: reported under its own name, with the message "opMode field not found".
-template <FixedText name> constexpr Key operator""_key()
+/// "opMode"_key: the key of this name, reported under it, with the message "opMode field not found".
+/// "acs.acs_url"_key: the key "acs_url", reported under its path, with the message "acs_url field not found". A colon
+/// divides a path as well.
+template <FixedString path> constexpr Key operator""_key()
 {
-    return Key(detail::packed_key<name, "", name + FixedText(" field not found")>.characters);
+    constexpr auto name = detail::name_in<path>();
+    return Key(detail::packed_key<name, detail::field_of<path>(), name + FixedString(" field not found")>.characters);
 }
 
-/// "enabled"_bare_key: reported under its own name, with the message "field not found".
-template <FixedText name> constexpr Key operator""_bare_key()
+/// "enabled"_bare_key, "lan_list.enabled"_bare_key: the same with the message "field not found".
+template <FixedString path> constexpr Key operator""_bare_key()
 {
-    return Key(detail::packed_key<name, "", "field not found">.characters);
+    return Key(detail::packed_key<detail::name_in<path>(), detail::field_of<path>(), "field not found">.characters);
 }
 
-/// key<"acs_url", "acs.acs_url">(): reported under another field name, with the message "acs_url field not found".
-/// key<"enable", "enable", "enable not found">(): with another message as well.
-template <FixedText name, FixedText field, FixedText message = name + FixedText(" field not found")> constexpr Key key()
+/// key<"enable", "enable", "enable not found">(): the key "enable" with an error field and a message of its own.
+template <FixedString name, FixedString field, FixedString message> constexpr Key key()
 {
     return Key(detail::packed_key<name, field, message>.characters);
 }

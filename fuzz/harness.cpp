@@ -1,7 +1,7 @@
 #include "fuzz/harness.h"
 
-#include "host/blank.h"
-#include "host/gateway.h"
+#include "host/gateway/blank.h"
+#include "host/gateway/gateway.h"
 #include "soak/json_blocks.h"
 
 #include "kelmora_json.h"
@@ -27,7 +27,7 @@ const bool ready = [] {
 
 std::int64_t json_alive() { return kelmora_soak::json_blocks::alive().blocks; }
 
-Input take_apart(const std::uint8_t *data, std::size_t size)
+Input parse_input(const std::uint8_t *data, std::size_t size)
 {
     if (!ready || size < prefix_size)
         return {nullptr, {}, 0, ""};
@@ -48,7 +48,7 @@ Record record_before(const Input &input)
     case 0:
         return blank_record(*input.resource);
     case 1:
-        return stale_record(*input.resource);
+        return poisoned_record(*input.resource);
     default:
         break;
     }

@@ -1,8 +1,9 @@
 #ifndef KELMORA_FUZZ_HARNESS_H
 #define KELMORA_FUZZ_HARNESS_H
 
-#include "host/record.h"
-#include "host/registry.h"
+#include "host/gateway/record.h"
+#include "host/gateway/resources.h"
+#include "host/plugin/registry.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -23,7 +24,7 @@ struct Input {
 inline constexpr std::size_t prefix_size = 2;
 
 /// Takes an input apart; `resource` is NULL when it is too short.
-Input take_apart(const std::uint8_t *data, std::size_t size);
+Input parse_input(const std::uint8_t *data, std::size_t size);
 
 /// The record that the input asks for: all zeros, full of stale bytes, or one of the sample gateway.
 kelmora_host::Record record_before(const Input &input);

@@ -3,8 +3,8 @@
 
 #include "fuzz/harness.h"
 
-#include "host/blank.h"
-#include "host/roads.h"
+#include "host/gateway/blank.h"
+#include "host/plugin/translate.h"
 
 #include <algorithm>
 #include <array>
@@ -42,7 +42,7 @@ bool may_have_cut_characters(const std::string &document)
 std::string text_of(const Input &input, const kelmora_host::Node &node)
 {
     std::vector<kelmora_host::Node> nodes{node};
-    const auto answer = read(input.translators.to, nodes, false);
+    const auto answer = to_json(input.translators.to, nodes, false);
     require(answer.result == 1, input, "the record cannot be written");
     if (!answer.text.starts_with('['))
         return answer.text;
@@ -54,19 +54,19 @@ std::string text_of(const Input &input, const kelmora_host::Node &node)
 // NOLINTNEXTLINE(readability-identifier-naming): libFuzzer's name
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const Input input = take_apart(data, size);
+    const Input input = parse_input(data, size);
     if (input.resource == nullptr || !reads_what_it_writes(input))
         return -1; // of no use in the corpus
 
     kelmora_host::Node node("a node", blank_record(*input.resource));
-    if (write(input.translators.from, node, input.document).result != 1)
+    if (from_json(input.translators.from, node, input.document).result != 1)
         return 0;
     const std::string text = text_of(input, node);
     if (may_have_cut_characters(input.document))
         return 0;
 
     kelmora_host::Node again("a node", blank_record(*input.resource));
-    require(write(input.translators.from, again, text).result == 1, input, text.c_str());
+    require(from_json(input.translators.from, again, text).result == 1, input, text.c_str());
     require(text_of(input, again) == text, input, text.c_str());
     return 0;
 }

@@ -3,8 +3,8 @@
 
 #include "fuzz/harness.h"
 
-#include "host/gateway.h"
-#include "host/roads.h"
+#include "host/gateway/gateway.h"
+#include "host/plugin/translate.h"
 
 #include <filesystem>
 #include <fstream>
@@ -39,7 +39,7 @@ int main(int argc, char **argv)
     for (const kelmora_host::Resource &resource : kelmora_host::resources()) {
         const std::string name(resource.name);
         const std::uint8_t head[] = {static_cast<std::uint8_t>(resource.number), 0};
-        const kelmora_fuzz::Input input = kelmora_fuzz::take_apart(head, sizeof head);
+        const kelmora_fuzz::Input input = kelmora_fuzz::parse_input(head, sizeof head);
         if (std::ifstream example(examples / (name + ".json")); example) {
             std::ostringstream text;
             text << example.rdbuf();
@@ -47,7 +47,7 @@ int main(int argc, char **argv)
                 save(out / (name + "-example-" + std::to_string(state)), resource, state, text.str());
         }
         if (std::vector<kelmora_host::Node> nodes = gateway.nodes(name); !nodes.empty() && !is_raw(resource))
-            save(out / (name + "-sample"), resource, 0, read(input.translators.to, nodes, false).text);
+            save(out / (name + "-sample"), resource, 0, to_json(input.translators.to, nodes, false).text);
     }
     return 0;
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Instructions, allocations and peak heap of the library beside its floors, and what each further record costs.
+"""Instructions, allocations and peak heap of the library beside its baselines, and what each further record costs.
 
 Runs two programs of bench/ as a preset built them, and prints tables. With --check it prints what is past its bound
 only, and fails for it.
@@ -10,11 +10,11 @@ import sys
 
 from programs import count_instructions, run_program
 
-RATIO = 1.02  # bound of the library's instructions, in those of the floor
-PEAK = 256  # bytes that the library's peak heap may lie above the floor's
-GROWTH = 1.05  # bound of how much the cost of a record differs between the growing sizes, in the floor's difference
+RATIO = 1.02  # bound of the library's instructions, in those of the baseline
+PEAK = 256  # bytes that the library's peak heap may lie above the baseline's
+GROWTH = 1.05  # bound of how much the cost of a record differs between the growing sizes, in the baseline's difference
 GROWING = (16, 64, 256)
-SIDES = ("library", "floor")
+SIDES = ("library", "baseline")
 
 
 def count_heap(preset):
@@ -55,29 +55,29 @@ def main():
     faults = []
     ratios = []
     table = [f"{'':36}{'instructions':>24}{'':9}{'allocations':>16}{'peak heap, bytes':>22}",
-             f"{'':36}" + f"{'library':>12}{'floor':>12}{'ratio':>9}" + f"{'library':>8}{'floor':>8}" +
-             f"{'library':>11}{'floor':>11}"]
+             f"{'':36}" + f"{'library':>12}{'baseline':>12}{'ratio':>9}" + f"{'library':>8}{'baseline':>8}" +
+             f"{'library':>11}{'baseline':>11}"]
     for case in cases:
-        cost, floor = (instructions[f"{case} {side}"] for side in SIDES)
-        (allocations, peak), (floor_allocations, floor_peak) = (heap[f"{case} {side}"] for side in SIDES)
-        ratios.append(cost / floor)
-        table.append(f"{case:36}{cost:>12}{floor:>12}{ratios[-1]:>9.4f}{allocations:>8}{floor_allocations:>8}"
-                     f"{peak:>11}{floor_peak:>11}")
+        cost, baseline = (instructions[f"{case} {side}"] for side in SIDES)
+        (allocations, peak), (baseline_allocations, baseline_peak) = (heap[f"{case} {side}"] for side in SIDES)
+        ratios.append(cost / baseline)
+        table.append(f"{case:36}{cost:>12}{baseline:>12}{ratios[-1]:>9.4f}{allocations:>8}{baseline_allocations:>8}"
+                     f"{peak:>11}{baseline_peak:>11}")
         if ratios[-1] > RATIO:
-            faults.append(f"{case}: {ratios[-1]:.4f} of the floor's instructions")
-        if allocations > floor_allocations:
-            faults.append(f"{case}: {allocations} allocations, the floor {floor_allocations}")
-        if peak > floor_peak + PEAK:
-            faults.append(f"{case}: a peak heap of {peak} bytes, the floor {floor_peak}")
+            faults.append(f"{case}: {ratios[-1]:.4f} of the baseline's instructions")
+        if allocations > baseline_allocations:
+            faults.append(f"{case}: {allocations} allocations, the baseline {baseline_allocations}")
+        if peak > baseline_peak + PEAK:
+            faults.append(f"{case}: a peak heap of {peak} bytes, the baseline {baseline_peak}")
 
     table += ["", f"{'instructions of each further record':36}" + "".join(f"{f'at {size}':>9}" for size in GROWING) +
-              f"{'spread':>9}{'of the floor':>14}"]
+              f"{'spread':>9}{'of the baseline':>14}"]
     for name, costs in growth.items():
         spreads = [spread(costs[side]) for side in SIDES]
         table.append(f"{name:36}" + "".join(f"{cost:>9.0f}" for cost in costs["library"]) +
                      f"{spreads[0]:>9.3f}{spreads[1]:>14.3f}")
         if spreads[0] > GROWTH * spreads[1]:
-            faults.append(f"{name}: the cost of a record spreads by {spreads[0]:.3f}, the floor's by {spreads[1]:.3f}")
+            faults.append(f"{name}: the cost of a record spreads by {spreads[0]:.3f}, the baseline's by {spreads[1]:.3f}")
 
     if options.check:
         print(f"{len(cases)} cases, the highest ratio of instructions {max(ratios):.4f} (bound {RATIO})")

@@ -55,7 +55,7 @@ FAULTS = [
     ("type", r"(?<=[._])boolean\(", "integer("),
     ("type", r"(?<=\.)real\(", "integer("),
     ("type", r"(?<=\.)number\(", "real("),
-    ("type", r"\bis_true\(\)", "is_text()"),
+    ("type", r"\bis_true\(\)", "is_string()"),
     ("width or sign", r"\buint32_t\b", "int32_t"),
     ("width or sign", r"\bint32_t\b", "uint32_t"),
     ("width or sign", r"\buint32_t\b", "uint16_t"),
@@ -82,7 +82,7 @@ FAULTS = [
     ("constant", r"\btrue\b", "false"),
     ("constant", r"\bfalse\b", "true"),
     # JSON_PRESERVE_ORDER alone changes nothing: jansson keeps the order.
-    ("flags", r"\bFlags::pretty\b", "Flags::compact"),
+    ("flags", r"\bFlags::pretty\b", "Flags::plain"),
     ("flags", r"\bFlags::(compact|insertion_order)\b", "Flags::pretty"),
     ("shape", r" \| Shape::\w+", ""),
     ("shape", r"\bShape::counting\b", "Shape::walking"),
@@ -104,7 +104,7 @@ STATEMENT = re.compile(
 NO_STATEMENT = r"\1static_cast<void>(0);"
 CALL = re.compile(r"^( +[\w.>-]+\(.+, )([\w.>\[\]-]+)\);$")
 REQUIRED = re.compile(r"\brequired\w*\(([^,]*)")
-WRITE = re.compile(r"^ +\w+\.(boolean|integer|real|text|whole_text)\(")
+WRITE = re.compile(r"^ +\w+\.(boolean|integer|real|text|whole_string)\(")
 
 
 def code_of(line):

@@ -1,7 +1,8 @@
 #include "soak/documents.h"
 
 #include "host/json.h"
-#include "host/roads.h"
+#include "host/plugin/registry.h"
+#include "host/plugin/translate.h"
 
 #include <array>
 #include <cstdint>
@@ -181,7 +182,7 @@ Documents::Documents(const Resource &resource, kelmora_host::Gateway &gateway)
     if (resource.directions != Directions::from_only) {
         for (const Node &node : gateway.nodes(resource.name)) {
             std::vector<Node> one{node};
-            texts_.push_back(kelmora_host::read(Registry::instance().find(resource.number)->to, one, false).text);
+            texts_.push_back(kelmora_host::to_json(Registry::instance().find(resource.number)->to, one, false).text);
         }
     }
     for (const std::string &text : texts_)

@@ -1,8 +1,8 @@
 #ifndef KELMORA_SOAK_DOCUMENTS_H
 #define KELMORA_SOAK_DOCUMENTS_H
 
-#include "host/gateway.h"
-#include "host/registry.h"
+#include "host/gateway/gateway.h"
+#include "host/gateway/resources.h"
 
 #include <cstddef>
 #include <random>

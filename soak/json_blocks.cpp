@@ -64,7 +64,7 @@ Amount of_this_thread() { return own; }
 
 Amount alive() { return {alive_blocks.load(std::memory_order_relaxed), alive_bytes.load(std::memory_order_relaxed)}; }
 
-void give_up() { places.clear(); }
+void forget_blocks() { places.clear(); }
 
 } // namespace json_blocks
 

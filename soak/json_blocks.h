@@ -36,7 +36,7 @@ void watch();
 [[nodiscard]] Amount alive();
 
 /// The blocks that this thread left alive will never be freed: forgets where they are, not that they are there.
-void give_up();
+void forget_blocks();
 
 } // namespace json_blocks
 

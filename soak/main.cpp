@@ -109,9 +109,9 @@ void print(const Tally &tally)
 {
     std::cout << tally.reads << " reads, " << tally.accepted + tally.rejected << " writes, of which " << tally.accepted
               << " were accepted and " << tally.rejected << " rejected\n";
-    const Amount kept = tally.kept_memory();
+    const Amount kept = tally.leaked_memory();
     std::cout << "documents kept: " << kept.blocks << " blocks, " << kept.bytes << " bytes\n";
-    for (const KeptPath &path : kept_paths()) {
+    for (const KnownLeak &path : known_leaks()) {
         const auto documents = tally.kept.find(&path);
         if (documents != tally.kept.end())
             std::cout << "  " << path.resource << ": " << documents->second.calls << " calls, "
@@ -133,7 +133,7 @@ bool soak(const Options &options)
 
     const std::uint64_t warm_up = options.calls / quarters;
     crew.serve(warm_up);
-    const Amount kept_before = crew.tally().kept_memory();
+    const Amount kept_before = crew.tally().leaked_memory();
     const ProcessMemory before;
     ProcessMemory now = before;
     std::cout << "after a warm-up of " << warm_up << " calls more: " << now << std::endl;
@@ -148,10 +148,10 @@ bool soak(const Options &options)
     const Tally tally = crew.tally();
     print(tally);
     std::vector<std::string> faults = crew.faults();
-    if (json_blocks::alive() != tally.kept_memory())
+    if (json_blocks::alive() != tally.leaked_memory())
         faults.push_back("alive at the end: " + std::to_string(json_blocks::alive().blocks) + " blocks, " +
                          std::to_string(json_blocks::alive().bytes) + " bytes of jansson's, and not those kept");
-    const std::int64_t kept = heap_of(tally.kept_memory() - kept_before);
+    const std::int64_t kept = heap_of(tally.leaked_memory() - kept_before);
     const std::int64_t heap_growth = now.heap - before.heap - kept;
     const std::int64_t resident_growth = now.resident - before.resident - kept;
     std::cout << "growth after the warm-up, besides " << kept << " bytes of kept documents: heap " << heap_growth

@@ -1,21 +1,21 @@
 #include "soak/worker.h"
 
-#include "host/blank.h"
+#include "host/gateway/blank.h"
 #include "host/json.h"
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include <stdexcept>
 #include <utility>
 
 namespace kelmora_soak {
 
+using kelmora_host::Decoded;
 using kelmora_host::Directions;
+using kelmora_host::Encoded;
 using kelmora_host::Error;
 using kelmora_host::Json;
 using kelmora_host::Node;
-using kelmora_host::ReadAnswer;
 using kelmora_host::Resource;
-using kelmora_host::WriteAnswer;
 
 namespace {
 
@@ -48,7 +48,7 @@ struct Parsed {
     Amount memory;
 };
 
-void check_text(const Resource &resource, const ReadAnswer &answer)
+void check_text(const Resource &resource, const Encoded &answer)
 {
     require(answer.result == 1, "the result is not 1");
     if (is_raw(resource))
@@ -70,7 +70,7 @@ bool ignores_texts(const Resource &resource)
     return resource.directions == Directions::to_only || resource.name == "connected_device";
 }
 
-void check_answer(const Resource &resource, const Document &document, bool parses, const WriteAnswer &answer)
+void check_answer(const Resource &resource, const Document &document, bool parses, const Decoded &answer)
 {
     const std::vector<Error> &errors = answer.errors;
     for (const Error &error : errors)
@@ -108,7 +108,7 @@ Tally &Tally::operator+=(const Tally &other)
     return *this;
 }
 
-Amount Tally::kept_memory() const
+Amount Tally::leaked_memory() const
 {
     Amount sum;
     for (const auto &[path, documents] : kept)
@@ -126,7 +126,7 @@ void Worker::make_nodes()
     for (const Subject &subject : *subjects_) {
         std::vector<Node> nodes = samples_.nodes(subject.resource.name);
         nodes.emplace_back("blank", blank_record(subject.resource));
-        nodes.emplace_back("stale", stale_record(subject.resource));
+        nodes.emplace_back("stale", poisoned_record(subject.resource));
         nodes_.push_back(std::move(nodes));
     }
 }
@@ -137,9 +137,9 @@ void Worker::serve(std::uint64_t calls)
     for (; calls > 0 && fault_.empty(); --calls) {
         const std::size_t subject = below(subjects_->size(), random_);
         if (below(2, random_) == 0)
-            read(subject);
+            call_to(subject);
         else
-            write(subject);
+            call_from(subject);
     }
     nodes_.clear();
 }
@@ -152,13 +152,13 @@ Node Worker::fresh_node(std::size_t subject)
     case 0:
         return {"blank", blank_record(resource)};
     case 1:
-        return {"stale", stale_record(resource)};
+        return {"stale", poisoned_record(resource)};
     default:
         return samples[below(samples.size(), random_)];
     }
 }
 
-void Worker::read(std::size_t subject)
+void Worker::call_to(std::size_t subject)
 {
     const auto &[resource, pair, documents] = (*subjects_)[subject];
     std::vector<Node> others; // in place of the nodes, at times: none, or very many
@@ -171,9 +171,9 @@ void Worker::read(std::size_t subject)
     const Amount before = json_blocks::of_this_thread();
     const std::size_t raw_bytes =
         is_raw(resource) && resource.directions != Directions::from_only ? kelmora_host::raw_size : 0;
-    const ReadAnswer answer = kelmora_host::read(pair.to, nodes, as_list, raw_bytes);
+    const Encoded answer = kelmora_host::to_json(pair.to, nodes, as_list, raw_bytes);
     const Amount left = json_blocks::of_this_thread() - before;
-    json_blocks::give_up();
+    json_blocks::forget_blocks();
     ++tally_.reads;
     try {
         check_text(resource, answer);
@@ -185,7 +185,7 @@ void Worker::read(std::size_t subject)
     }
 }
 
-void Worker::write(std::size_t subject)
+void Worker::call_from(std::size_t subject)
 {
     const auto &[resource, pair, documents] = (*subjects_)[subject];
     Node &node = nodes_[subject][below(nodes_[subject].size(), random_)];
@@ -195,13 +195,13 @@ void Worker::write(std::size_t subject)
     const Parsed parsed(document.text);
 
     const Amount before = json_blocks::of_this_thread();
-    const WriteAnswer answer = kelmora_host::write(pair.from, node, document.text);
+    const Decoded answer = kelmora_host::from_json(pair.from, node, document.text);
     const Amount left = json_blocks::of_this_thread() - before;
-    json_blocks::give_up();
+    json_blocks::forget_blocks();
     ++(answer.result == 1 ? tally_.accepted : tally_.rejected);
     try {
         check_answer(resource, document, parsed.valid, answer);
-        const KeptPath *path = releases_all ? nullptr : kept_path(resource.name, document.text, answer);
+        const KnownLeak *path = releases_all ? nullptr : known_leak(resource.name, document.text, answer);
         if (path == nullptr) {
             require(left == Amount{}, "a write left JSON values behind");
         } else {

@@ -3,10 +3,11 @@
 
 #include "soak/documents.h"
 #include "soak/json_blocks.h"
-#include "soak/kept_paths.h"
+#include "soak/known_leaks.h"
 
-#include "host/node.h"
-#include "host/registry.h"
+#include "host/gateway/node.h"
+#include "host/gateway/resources.h"
+#include "host/plugin/registry.h"
 
 #include <cstdint>
 #include <map>
@@ -33,12 +34,12 @@ struct Tally {
     std::uint64_t reads = 0;
     std::uint64_t accepted = 0;
     std::uint64_t rejected = 0;
-    std::map<const KeptPath *, Kept> kept;
+    std::map<const KnownLeak *, Kept> kept;
 
     Tally &operator+=(const Tally &other);
 
     /// The documents of all paths together.
-    [[nodiscard]] Amount kept_memory() const;
+    [[nodiscard]] Amount leaked_memory() const;
 };
 
 /// One thread's host: its own nodes, buffers and random numbers.
@@ -57,8 +58,8 @@ public:
 
 private:
     void make_nodes();
-    void read(std::size_t subject);
-    void write(std::size_t subject);
+    void call_to(std::size_t subject);
+    void call_from(std::size_t subject);
     kelmora_host::Node fresh_node(std::size_t subject);
 
     const std::vector<Subject> *subjects_;

@@ -45,8 +45,8 @@ while read -r number name group directions; do
         echo "record $number: no struct kelmora_$name in include/records/$group.h"
         status=1
     }
-    grep -q "gateway.add(\"$name\"," host/samples/*.cpp || {
-        echo "sample $number: none of $name in host/samples/"
+    grep -q "gateway.add(\"$name\"," host/gateway/samples/*.cpp || {
+        echo "sample $number: none of $name in host/gateway/samples/"
         status=1
     }
 done <"$work/rows"

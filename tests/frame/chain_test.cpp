@@ -2,8 +2,8 @@
 
 #include "tests/support/allocations.h"
 
-#include "host/errors.h"
-#include "host/record.h"
+#include "host/gateway/record.h"
+#include "host/plugin/errors.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -156,7 +156,7 @@ protected:
         Decoder::Call call{Document(json_loads(document, 0, nullptr)), &errors_};
         Decoder in(call, call.document.root());
         allocations::fail(failing_allocation_, Failing::once);
-        add_texts(in, Elements(call, call.document.root()), first_, &Word::text, "words", "word");
+        add_strings(in, ArrayDecoder(call, call.document.root()), first_, &Word::text, "words", "word");
         allocations::pass();
         std::vector<std::string> texts;
         for (const Word &word : chain(first_))

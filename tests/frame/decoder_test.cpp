@@ -33,37 +33,37 @@ struct Fields {
     std::uint16_t optional_half;
     std::uint32_t optional_word;
     std::int32_t optional_number;
-    char optional_text[8];
+    char optional_string[8];
     std::uint8_t nested;
 };
 
-void read(Decoder &in, Fields &fields)
+void from_json(Decoder &in, Fields &fields)
 {
     in.required_boolean("boolean"_key, fields.boolean);
     in.required_integer("byte"_key, fields.byte);
     in.required_integer("half"_key, fields.half);
     in.required_integer("word"_key, fields.word);
     in.required_integer("number"_key, fields.number);
-    in.required_text("text"_key, fields.text);
+    in.required_string("text"_key, fields.text);
     in.optional_boolean("optional_boolean", fields.optional_boolean);
     in.optional_integer("optional_byte", fields.optional_byte);
     in.optional_integer("optional_half", fields.optional_half);
     in.optional_integer("optional_word", fields.optional_word);
     in.optional_integer("optional_number", fields.optional_number);
-    in.optional_text("optional_text", fields.optional_text);
+    in.optional_string("optional_string", fields.optional_string);
     Decoder group = in.required(key<"group", "group", "group fields not found">());
-    group.required_boolean(key<"nested", "group.nested">(), fields.nested);
+    group.required_boolean("group.nested"_key, fields.nested);
 }
 
 int from(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }
 
 constexpr char document[] = R"({
     "boolean": true, "byte": 1, "half": 2, "word": 3, "number": -4, "text": "five",
     "optional_boolean": true, "optional_byte": 6, "optional_half": 7, "optional_word": 8, "optional_number": -9,
-    "optional_text": "ten", "group": {"nested": true}
+    "optional_string": "ten", "group": {"nested": true}
 })";
 
 class Decode : public FromTest<Fields> {
@@ -85,7 +85,7 @@ TEST_F(Decode, StoresEveryKind)
     EXPECT_EQ(record().optional_half, 7);
     EXPECT_EQ(record().optional_word, 8U);
     EXPECT_EQ(record().optional_number, -9);
-    EXPECT_STREQ(record().optional_text, "ten");
+    EXPECT_STREQ(record().optional_string, "ten");
     EXPECT_EQ(record().nested, 1);
 }
 
@@ -109,14 +109,14 @@ TEST_F(Decode, FindsNoMembersInWhatIsNoObject)
 
 TEST_F(Decode, StoresNothingBehindAFailure)
 {
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(document, "word"), "word", "word field not found"));
     EXPECT_EQ(record().half, 2);
     EXPECT_TRUE(untouched(record().word));
     EXPECT_TRUE(untouched(record().number));
     EXPECT_TRUE(untouched(record().text));
     EXPECT_TRUE(untouched(record().optional_boolean));
-    EXPECT_TRUE(untouched(record().optional_text));
+    EXPECT_TRUE(untouched(record().optional_string));
     EXPECT_TRUE(untouched(record().nested));
 }
 
@@ -127,7 +127,7 @@ TEST_F(Decode, KeepsOptionalFieldsThatAreAbsent)
     expect_optional("optional_half", record().optional_half);
     expect_optional("optional_word", record().optional_word);
     expect_optional("optional_number", record().optional_number);
-    expect_optional("optional_text", record().optional_text);
+    expect_optional("optional_string", record().optional_string);
 }
 
 TEST_F(Decode, TakesOnlyTrueForTrue)
@@ -151,8 +151,8 @@ TEST_F(Decode, CutsIntegersToTheirWidth)
 
 TEST_F(Decode, CutsTextsToTheirField)
 {
-    expect_text("text", record().text);
-    expect_text("optional_text", record().optional_text);
+    expect_string("text", record().text);
+    expect_string("optional_string", record().optional_string);
 }
 
 TEST_F(Decode, CutsTextsBetweenBytesOfACharacterToo)
@@ -174,13 +174,13 @@ struct Checked {
     std::uint32_t elements;
 };
 
-void read_checked(Decoder &in, Checked &fields)
+void checked_from_json(Decoder &in, Checked &fields)
 {
     in.checked_boolean("boolean", fields.boolean);
     in.checked_integer("byte", fields.byte);
     in.checked_integer("word", fields.word);
-    in.checked_text("text", fields.text);
-    const Elements list = in.checked_array("list");
+    in.checked_string("text", fields.text);
+    const ArrayDecoder list = in.checked_array("list");
     if (in.ok())
         fields.elements = static_cast<std::uint32_t>(list.size());
 }
@@ -191,7 +191,7 @@ class DecodeChecked : public FromTest<Checked> {
 protected:
     DecodeChecked()
         : FromTest([](kelmora_resource *node, const char *text,
-                      kelmora_errorlist *errors) { return decode<read_checked>(node, text, errors); },
+                      kelmora_errorlist *errors) { return decode<checked_from_json>(node, text, errors); },
                    checked_document)
     {
     }
@@ -226,7 +226,7 @@ TEST_F(DecodeChecked, RejectsEveryOtherTypeAndStoresNothingOfIt)
         }
         EXPECT_TRUE(rejects(without(checked_document, member), member, "field not found"));
     }
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(with(checked_document, "word", "\"5\""), "word", "data type must be a valid integer"));
     EXPECT_EQ(record().byte, 44);
     EXPECT_TRUE(untouched(record().word));
@@ -274,10 +274,10 @@ TEST(Decoder, ReadsElementsInOrder)
     EXPECT_THAT(reading(R"({"list": ["a", 5, "", {"n": 7}]})",
                         [&](Decoder &in) {
                             for (const Decoder element : in.required_array("list"_key)) {
-                                seen.texts.emplace_back(element.text());
+                                seen.texts.emplace_back(element.string());
                                 seen.numbers.push_back(element.integer());
                             }
-                            const Elements list = in.optional_array("list");
+                            const ArrayDecoder list = in.optional_array("list");
                             EXPECT_EQ(list.size(), 4U);
                             std::uint32_t n = 0;
                             list[3].required_integer("n"_key, n);
@@ -294,14 +294,14 @@ TEST(Decoder, StoresAnElementsText)
     char field[4] = "abc";
     EXPECT_THAT(reading(R"({"list": ["too long", 5, "x"]})",
                         [&](Decoder &in) {
-                            const Elements list = in.required_array("list"_key);
-                            list[0].store_text(field);
+                            const ArrayDecoder list = in.required_array("list"_key);
+                            list[0].store_string(field);
                             EXPECT_EQ(std::string(field, sizeof field), std::string("too\0", 4));
-                            list[2].store_text(field);
+                            list[2].store_string(field);
                             EXPECT_EQ(std::string(field, sizeof field), std::string("x\0\0\0", 4));
-                            list[3].store_text(field);
+                            list[3].store_string(field);
                             EXPECT_STREQ(field, "x");
-                            list[1].store_text(field);
+                            list[1].store_string(field);
                             EXPECT_EQ(std::string(field, sizeof field), std::string(4, '\0'));
                         }),
                 IsEmpty());
@@ -313,7 +313,7 @@ TEST(Decoder, SeesNoElementsInWhatIsNoArray)
                         [](Decoder &in) {
                             for (const char *name : {"object", "text", "number", "missing"}) {
                                 for (const Decoder element : in.optional_array(name))
-                                    FAIL() << name << element.text();
+                                    FAIL() << name << element.string();
                                 EXPECT_EQ(in.optional_array(name).size(), 0U);
                             }
                             EXPECT_EQ(in.required_array("text"_key).size(), 0U);
@@ -346,7 +346,7 @@ TEST(Decoder, DoesNothingAfterAFailure)
         Decoder group = in.required("group"_key);
         const Decoder number = in.required("n"_key);
         const Decoder word = in.required("text"_key);
-        const Elements list = in.required_array("list"_key);
+        const ArrayDecoder list = in.required_array("list"_key);
         in.fail("field", "message", "source");
         in.fail("another", "message");
         std::uint32_t n = 5;
@@ -359,7 +359,7 @@ TEST(Decoder, DoesNothingAfterAFailure)
         in.checked_integer("n", n);
         in.checked_integer("missing", n);
         in.checked_boolean("n", boolean);
-        in.required_text("text"_key, text);
+        in.required_string("text"_key, text);
         EXPECT_EQ(n, 5U);
         EXPECT_EQ(boolean, 5);
         EXPECT_STREQ(text, "abc");
@@ -370,8 +370,8 @@ TEST(Decoder, DoesNothingAfterAFailure)
         EXPECT_EQ(number.number(), 0);
         EXPECT_EQ(real.real(), 0);
         EXPECT_FALSE(yes.is_true());
-        EXPECT_STREQ(word.text(), "");
-        EXPECT_FALSE(word.is_text());
+        EXPECT_STREQ(word.string(), "");
+        EXPECT_FALSE(word.is_string());
         EXPECT_EQ(list.size(), 0U);
         EXPECT_FALSE(list[0]);
     };
@@ -401,10 +401,10 @@ TEST(Decoder, TellsTheKindOfAValue)
                             EXPECT_TRUE(in.optional("true").is_true());
                             for (const char *name : {"false", "one", "text", "null", "missing"})
                                 EXPECT_FALSE(in.optional(name).is_true()) << name;
-                            EXPECT_TRUE(in.optional("text").is_text());
-                            EXPECT_TRUE(in.optional("empty").is_text());
+                            EXPECT_TRUE(in.optional("text").is_string());
+                            EXPECT_TRUE(in.optional("empty").is_string());
                             for (const char *name : {"true", "one", "null", "missing"})
-                                EXPECT_FALSE(in.optional(name).is_text()) << name;
+                                EXPECT_FALSE(in.optional(name).is_string()) << name;
                         }),
                 IsEmpty());
 }
@@ -426,14 +426,15 @@ TEST(Decoder, TellsAnAbsentMemberFromAPresentOne)
 
 // ---- records that are fetched late, or early
 
-void read_number(Decoder &in, std::uint32_t &number) { in.required_integer("n"_key, number); }
+void number_from_json(Decoder &in, std::uint32_t &number) { in.required_integer("n"_key, number); }
 
 class DecodeAfter : public FromTest<std::uint32_t> {
 protected:
     DecodeAfter()
         : FromTest(
               [](kelmora_resource *node, const char *text, kelmora_errorlist *errors) {
-                  return decode_after<read_number>(key<"first", "the field">(), node, text, errors);
+                  return decode_after<number_from_json>(key<"first", "the field", "first field not found">(), node,
+                                                        text, errors);
               },
               R"({"first": null, "n": 7})")
     {
@@ -459,7 +460,7 @@ TEST_F(DecodeAfter, LeavesTheHostAloneWithoutTheKey)
     EXPECT_EQ(fetches_, 0U);
 }
 
-void read_node(Decoder &in, kelmora_resource *node)
+void node_from_json(Decoder &in, kelmora_resource *node)
 {
     if (!in.optional("n"))
         kelmora_set_missing(node, 3);
@@ -469,9 +470,9 @@ void read_node(Decoder &in, kelmora_resource *node)
 TEST(DecodeNode, HandsTheReaderTheNodeItself)
 {
     kelmora_host::Node node("id", kelmora_host::Record(std::uint32_t{5}));
-    EXPECT_EQ(decode<read_node>(node.resource(), "{}", nullptr), 1);
+    EXPECT_EQ(decode<node_from_json>(node.resource(), "{}", nullptr), 1);
     EXPECT_THAT(node.missing(), ElementsAre(3));
-    EXPECT_EQ(decode<read_node>(node.resource(), R"({"n": 7})", nullptr), 1);
+    EXPECT_EQ(decode<node_from_json>(node.resource(), R"({"n": 7})", nullptr), 1);
     EXPECT_EQ(node.record().as<std::uint32_t>(), 7U);
 }
 
@@ -479,17 +480,17 @@ TEST(DecodeInto, TakesARecordThatWasFetchedAlready)
 {
     std::uint32_t record = 5;
     kelmora_errorlist errors;
-    EXPECT_EQ(decode_into<read_number>(record, "", &errors), 1);
+    EXPECT_EQ(decode_into<number_from_json>(record, "", &errors), 1);
     EXPECT_EQ(record, 5U);
-    EXPECT_EQ(decode_into<read_number>(record, R"({"n": 7})", &errors), 1);
+    EXPECT_EQ(decode_into<number_from_json>(record, R"({"n": 7})", &errors), 1);
     EXPECT_EQ(record, 7U);
-    EXPECT_EQ(decode_into<read_number>(record, "{", &errors), 0);
+    EXPECT_EQ(decode_into<number_from_json>(record, "{", &errors), 0);
     EXPECT_THAT(errors.errors, ElementsAre(Error{"", "invalid json data", "json"}));
 }
 
 // ---- failures that another one reports
 
-void read_silently(Decoder &in, std::uint32_t &record)
+void silently_from_json(Decoder &in, std::uint32_t &record)
 {
     in.required_integer("n"_key, record);
     in.fail_silently();
@@ -502,10 +503,10 @@ TEST(DecodeFailingSilently, ReportsNothingAndReadsNoMore)
     const std::size_t alive = kelmora_test::allocations::json_alive();
     std::uint32_t record = 5;
     kelmora_errorlist errors;
-    EXPECT_EQ(decode_into<read_silently>(record, R"({"n": 7, "m": 8})", &errors), 0);
+    EXPECT_EQ(decode_into<silently_from_json>(record, R"({"n": 7, "m": 8})", &errors), 0);
     EXPECT_EQ(record, 7U);
     EXPECT_THAT(errors.errors, IsEmpty());
-    EXPECT_EQ(decode_into<read_silently>(record, "{}", &errors), 0);
+    EXPECT_EQ(decode_into<silently_from_json>(record, "{}", &errors), 0);
     EXPECT_THAT(errors.errors, ElementsAre(Error{"n", "n field not found", "json"}));
     EXPECT_EQ(kelmora_test::allocations::json_alive(), alive);
 }
@@ -516,13 +517,13 @@ struct Body {
     char *text;
 };
 
-void read_body(Decoder &in, Body &body) { body.text = in.rendered("body"); }
+void body_from_json(Decoder &in, Body &body) { body.text = in.rendered("body"); }
 
 class DecodeRendered : public testing::Test {
 protected:
     ~DecodeRendered() override { std::free(body_.text); }
 
-    int read(const char *text) { return decode_into<read_body>(body_, text, &errors_); }
+    int read(const char *text) { return decode_into<body_from_json>(body_, text, &errors_); }
 
     Body body_{};
     kelmora_errorlist errors_;
@@ -572,13 +573,13 @@ TEST_F(DecodeRendered, ReportsThatThereIsNoMemory)
 
 // ---- documents that are kept
 
-void read_kept(Decoder &in, std::uint32_t &record)
+void kept_from_json(Decoder &in, std::uint32_t &record)
 {
-    in.keep_document_on_failure(true);
+    in.leak_document_on_failure(true);
     in.required_integer("kept"_key, record);
-    in.keep_document_on_failure(false);
+    in.leak_document_on_failure(false);
     in.required_integer("released"_key, record);
-    in.keep_document_on_success();
+    in.leak_document_on_success();
     in.optional_integer("read afterwards", record);
 }
 
@@ -589,7 +590,7 @@ protected:
     {
         const std::size_t alive = kelmora_test::allocations::json_alive();
         kelmora_errorlist errors;
-        decode_into<read_kept>(record_, text, &errors);
+        decode_into<kept_from_json>(record_, text, &errors);
         return kelmora_test::allocations::json_alive() - alive;
     }
 

@@ -42,7 +42,7 @@ TEST(Document, KeepsItsRootUnreleasedUnlessAllIsReleased)
     json_incref(root);
     {
         Document document(root);
-        document.keep();
+        document.leak();
         EXPECT_EQ(document.root(), nullptr);
     }
 #ifdef KELMORA_RELEASE_ALL
@@ -59,7 +59,7 @@ TEST(Document, MayBeEmpty)
     Document document(nullptr);
     EXPECT_EQ(document.root(), nullptr);
     document.release();
-    document.keep();
+    document.leak();
 }
 
 } // namespace

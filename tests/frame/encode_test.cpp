@@ -18,19 +18,20 @@ struct Point {
     char name[8192];
 };
 
-void write(Encoder &out, const Point &point, const NodeId &id)
+void to_json(Encoder &out, const Point &point, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("x", point.x);
 }
 
-void write_x(Encoder &out, const Point &point) { out.integer("x", point.x); }
+void x_to_json(Encoder &out, const Point &point) { out.integer("x", point.x); }
 
-void write_name(Encoder &out, const Point &point) { out.text("name", point.name); }
+void name_to_json(Encoder &out, const Point &point) { out.string("name", point.name); }
 
-template <Shape shape, Flags flags = Flags::compact> int to(kelmora_resource *head, char **out)
+template <Nodes nodes, Root root = Root::by_list_flag, Flags flags = Flags::plain>
+int to(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, shape, flags);
+    return encode<to_json>(head, out, nodes, root, flags);
 }
 
 /// Three nodes a, b, c with x of 1, 2, 3.
@@ -48,7 +49,7 @@ constexpr char all[] = R"([{"id": "a", "x": 1}, {"id": "b", "x": 2}, {"id": "c",
 
 class Counting : public EncodeTest {
 protected:
-    Counting() : EncodeTest(to<Shape::counting>) {}
+    Counting() : EncodeTest(to<Nodes::counting>) {}
 };
 
 TEST_F(Counting, WritesAsManyNodesAsTheHeadCounts)
@@ -79,14 +80,14 @@ TEST_F(Counting, TakesAnyListFlagButZeroForAList)
     kelmora_resource *head = kelmora_host::link_request(nodes_, true);
     head->is_list = 128;
     auto *out = static_cast<char *>(std::malloc(4096));
-    EXPECT_EQ(to<Shape::counting>(head, &out), 1);
+    EXPECT_EQ(to<Nodes::counting>(head, &out), 1);
     EXPECT_STREQ(out, all);
     std::free(out);
 }
 
 class CountingLiteral : public EncodeTest {
 protected:
-    CountingLiteral() : EncodeTest(to<Shape::counting | Shape::literal_when_empty>) {}
+    CountingLiteral() : EncodeTest(to<Nodes::counting_if_any>) {}
 };
 
 TEST_F(CountingLiteral, WritesAnEmptyArrayWhenTheCountIsZero)
@@ -99,7 +100,7 @@ TEST_F(CountingLiteral, WritesAnEmptyArrayWhenTheCountIsZero)
 
 class Walking : public EncodeTest {
 protected:
-    Walking() : EncodeTest(to<Shape::walking>) {}
+    Walking() : EncodeTest(to<Nodes::walking>) {}
 };
 
 TEST_F(Walking, WritesEveryNodeWhateverTheCount)
@@ -112,7 +113,7 @@ TEST_F(Walking, WritesEveryNodeWhateverTheCount)
 
 class WalkingLiteral : public EncodeTest {
 protected:
-    WalkingLiteral() : EncodeTest(to<Shape::walking | Shape::literal_when_empty>) {}
+    WalkingLiteral() : EncodeTest(to<Nodes::walking_if_any>) {}
 };
 
 TEST_F(WalkingLiteral, ReadsTheCountOnlyForTheEmptyArray)
@@ -131,7 +132,7 @@ TEST_F(WalkingLiteral, BuildsNothingForTheEmptyArray)
 
 class HeadOnly : public EncodeTest {
 protected:
-    HeadOnly() : EncodeTest(to<Shape::head_only | Shape::always_object>) {}
+    HeadOnly() : EncodeTest(to<Nodes::head_only, Root::always_object>) {}
 };
 
 TEST_F(HeadOnly, WritesTheHeadAlone)
@@ -144,7 +145,7 @@ TEST_F(HeadOnly, WritesTheHeadAlone)
 
 class HeadRepeated : public EncodeTest {
 protected:
-    HeadRepeated() : EncodeTest(to<Shape::head_repeated>) {}
+    HeadRepeated() : EncodeTest(to<Nodes::head_repeated>) {}
 };
 
 TEST_F(HeadRepeated, WritesTheHeadAsOftenAsItCounts)
@@ -163,7 +164,7 @@ TEST_F(HeadRepeated, WritesMoreEntriesThan16BitsCount)
 
 class AlwaysArray : public EncodeTest {
 protected:
-    AlwaysArray() : EncodeTest(to<Shape::walking | Shape::always_array>) {}
+    AlwaysArray() : EncodeTest(to<Nodes::walking, Root::always_array>) {}
 };
 
 TEST_F(AlwaysArray, WritesAnArrayWhateverIsAskedFor)
@@ -174,7 +175,7 @@ TEST_F(AlwaysArray, WritesAnArrayWhateverIsAskedFor)
 
 class HeadId : public EncodeTest {
 protected:
-    HeadId() : EncodeTest(to<Shape::walking | Shape::head_id>) {}
+    HeadId() : EncodeTest(to<Nodes::walking_with_head_id>) {}
 };
 
 TEST_F(HeadId, WritesEveryNodeWithTheHeadsId)
@@ -183,15 +184,15 @@ TEST_F(HeadId, WritesEveryNodeWithTheHeadsId)
     EXPECT_EQ(object(), R"({"id": "a", "x": 3})");
 }
 
-void write_chain(Encoder &out, const Point *first, const NodeId &id)
+void chain_to_json(Encoder &out, const Point *first, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("there", first != nullptr ? 1 : 0);
 }
 
 int to_of_pointers(kelmora_resource *head, char **out)
 {
-    return encode<write_chain>(head, out, Shape::walking, Flags::compact);
+    return encode<chain_to_json>(head, out, Nodes::walking, Flags::plain);
 }
 
 struct Link {
@@ -212,7 +213,7 @@ TEST_F(RecordThatMayBeNull, IsHandedToTheWriterAsItIs)
 
 class Pretty : public EncodeTest {
 protected:
-    Pretty() : EncodeTest(to<Shape::counting, Flags::pretty>) {}
+    Pretty() : EncodeTest(to<Nodes::counting, Root::by_list_flag, Flags::pretty>) {}
 };
 
 TEST_F(Pretty, SortsAndIndents)
@@ -222,7 +223,7 @@ TEST_F(Pretty, SortsAndIndents)
 
 class InsertionOrder : public EncodeTest {
 protected:
-    InsertionOrder() : EncodeTest(to<Shape::counting, Flags::insertion_order>) {}
+    InsertionOrder() : EncodeTest(to<Nodes::counting, Root::by_list_flag, Flags::insertion_order>) {}
 };
 
 TEST_F(InsertionOrder, IsTheCompactText) { EXPECT_EQ(object_counting(1), R"({"id": "a", "x": 1})"); }
@@ -231,7 +232,7 @@ class WithoutId : public EncodeTest {
 protected:
     WithoutId()
         : EncodeTest([](kelmora_resource *head, char **out) {
-              return encode<write_x>(head, out, Shape::counting, Flags::compact);
+              return encode<x_to_json>(head, out, Nodes::counting, Flags::plain);
           })
     {
     }
@@ -244,7 +245,7 @@ class Lengths : public ToTest<Point> {
 protected:
     Lengths()
         : ToTest([](kelmora_resource *head, char **out) {
-              return encode<write_name>(head, out, Shape::counting, Flags::compact);
+              return encode<name_to_json>(head, out, Nodes::counting, Flags::plain);
           })
     {
     }

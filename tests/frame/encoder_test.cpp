@@ -94,8 +94,8 @@ TEST(Encoder, CutsTextsToTheirField)
     const char fits[4] = "abc";
     const char whole[3] = {'a', 'b', 'c'};
     Encoder out;
-    out.text("fits", fits);
-    out.text("whole", whole);
+    out.string("fits", fits);
+    out.string("whole", whole);
     EXPECT_EQ(rendered(out.take()), R"({"fits": "abc", "whole": "ab"})");
 }
 
@@ -104,17 +104,17 @@ TEST(Encoder, LeavesOutTextsThatAreNotUtf8AndStaysComplete)
     const char split[3] = {'a', '\xC3', '\xA4'};
     const char latin1[5] = "a\xE4";
     Encoder out;
-    out.text("split", split);
-    out.text("latin1", latin1);
-    out.whole_text("whole", "a\xE4");
-    out.whole_text("none", nullptr);
+    out.string("split", split);
+    out.string("latin1", latin1);
+    out.whole_string("whole", "a\xE4");
+    out.whole_string("none", nullptr);
     EXPECT_EQ(rendered(out.take()), "{}");
 }
 
 TEST(Encoder, TakesAWholeTextUncut)
 {
     Encoder out;
-    out.whole_text("text", std::string(300, 'x').c_str());
+    out.whole_string("text", std::string(300, 'x').c_str());
     EXPECT_EQ(rendered(out.take()), "{\"text\": \"" + std::string(300, 'x') + "\"}");
 }
 
@@ -135,12 +135,12 @@ TEST(Encoder, NestsObjectsAndArraysInTheirPlace)
     Encoder out;
     out.integer("before", 1U);
     out.object("object", [&](Encoder &nested) {
-        nested.text("name", name);
+        nested.string("name", name);
         nested.object("deeper", [](Encoder &deeper) { deeper.boolean("yes", 1); });
     });
     out.array("array", [&](ArrayEncoder &list) {
         list.integer(7);
-        list.text(name);
+        list.string(name);
         list.object([](Encoder &element) { element.integer("n", 1U); });
     });
     out.array("empty", [](ArrayEncoder & /*list*/) {});
@@ -153,7 +153,7 @@ TEST(ArrayEncoder, LeavesOutTextsThatAreNotUtf8)
 {
     const char latin1[5] = "a\xE4";
     ArrayEncoder list;
-    list.text(latin1);
+    list.string(latin1);
     EXPECT_EQ(rendered(list.take()), "[]");
 }
 
@@ -175,18 +175,19 @@ json_t *everything()
     const char text[8] = "fits";
     const char cut[3] = {'a', 'b', 'c'};
     Encoder out;
-    out.text("text", text);
-    out.text("cut", cut);
-    out.whole_text("whole", "text");
+    out.string("text", text);
+    out.string("cut", cut);
+    out.whole_string("whole", "text");
     out.integer("unsigned", 1U);
     out.integer("signed", -1);
     out.boolean("boolean", 1);
     out.real("real", 0.5);
-    out.object("object",
-               [&](Encoder &nested) { nested.object("deeper", [&](Encoder &deeper) { deeper.text("text", text); }); });
+    out.object("object", [&](Encoder &nested) {
+        nested.object("deeper", [&](Encoder &deeper) { deeper.string("text", text); });
+    });
     out.array("array", [&](ArrayEncoder &list) {
-        list.text(text);
-        list.text(cut);
+        list.string(text);
+        list.string(cut);
         list.integer(1);
         list.object([](Encoder &element) { element.integer("n", 1U); });
     });

@@ -22,12 +22,27 @@ TEST(Key, MayLeaveItsNameOutOfTheMessage)
     EXPECT_STREQ(key.message(), "field not found");
 }
 
-TEST(Key, TakesAnotherFieldAndKeepsItsMessage)
+TEST(Key, OfAPathIsItsLastStepReportedUnderThePath)
 {
-    constexpr Key nested = key<"acs_url", "acs.acs_url">();
+    constexpr Key nested = "acs.acs_url"_key;
     EXPECT_STREQ(nested.name(), "acs_url");
     EXPECT_STREQ(nested.field(), "acs.acs_url");
     EXPECT_STREQ(nested.message(), "acs_url field not found");
+    constexpr Key bare = "lan_list.lan_id"_bare_key;
+    EXPECT_STREQ(bare.name(), "lan_id");
+    EXPECT_STREQ(bare.field(), "lan_list.lan_id");
+    EXPECT_STREQ(bare.message(), "field not found");
+}
+
+TEST(Key, OfAPathMayHaveSeveralStepsDividedByDotsOrColons)
+{
+    constexpr Key deep = "mtp.websocket.port"_key;
+    EXPECT_STREQ(deep.name(), "port");
+    EXPECT_STREQ(deep.field(), "mtp.websocket.port");
+    constexpr Key colon = "ipv6_prefix:rdnss1"_key;
+    EXPECT_STREQ(colon.name(), "rdnss1");
+    EXPECT_STREQ(colon.field(), "ipv6_prefix:rdnss1");
+    EXPECT_STREQ(colon.message(), "rdnss1 field not found");
 }
 
 TEST(Key, TakesAnotherMessage)

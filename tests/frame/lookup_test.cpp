@@ -1,6 +1,6 @@
 #include "kelmora_json.h"
 
-#include "host/errors.h"
+#include "host/plugin/errors.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -49,11 +49,23 @@ TEST(NestingOfMember, GoesByTheLastOfSeveral)
     EXPECT_EQ(nesting_of_member(R"({"body": [[]], "a": [[[]]], "body": 1})", "body"), 0U);
 }
 
-TEST(NestingOfMember, TakesANameWithAnEscapeForTheMembers)
+TEST(NestingOfMember, DecodesTheEscapesOfAName)
 {
     EXPECT_EQ(nesting_of_member(R"({"b\u006fdy": [[]]})", "body"), 2U);
-    EXPECT_EQ(nesting_of_member(R"({"body": [[]], "b\u006fdy": []})", "body"), 2U);
+    EXPECT_EQ(nesting_of_member(R"({"\u0062\u006F\u0064\u0079": [[]]})", "body"), 2U);
+    EXPECT_EQ(nesting_of_member(R"({"body": [[]], "b\u006fdy": []})", "body"), 1U);
     EXPECT_EQ(nesting_of_member(R"({"b\u006fdy": [[]], "body": []})", "body"), 1U);
+    EXPECT_EQ(nesting_of_member(R"({"a\/b": [[]]})", "a/b"), 2U);
+    EXPECT_EQ(nesting_of_member(R"({"\b\f\n\r\t\"\\": [[]]})", "\b\f\n\r\t\"\\"), 2U);
+}
+
+TEST(NestingOfMember, TakesNoOtherNameWithEscapesForTheMembers)
+{
+    for (const char *other : {R"(x\n)", R"(body\n)", R"(body\u006f)", R"(bod\u0179)", R"(bod\u7900)", R"(b\u006fd)",
+                              R"(b\u006fdy\\)", R"(\ud83d\ude00)", R"(\\u0062ody)", R"(\"body)", R"(bod\t)"}) {
+        const std::string document = std::string(R"({"body": {}, ")") + other + R"(": [[[]]]})";
+        EXPECT_EQ(nesting_of_member(document.c_str(), "body"), 1U) << document;
+    }
 }
 
 TEST(NestingOfMember, CountsAsDeepAsTheDocumentIs)

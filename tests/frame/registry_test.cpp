@@ -1,8 +1,9 @@
-#include "host/registry.h"
+#include "host/gateway/resources.h"
+#include "host/plugin/registry.h"
 
-#include "host/errors.h"
-#include "host/node.h"
-#include "host/roads.h"
+#include "host/gateway/node.h"
+#include "host/plugin/errors.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 

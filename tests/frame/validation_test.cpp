@@ -2,7 +2,7 @@
 
 #include "tests/support/allocations.h"
 
-#include "host/errors.h"
+#include "host/plugin/errors.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

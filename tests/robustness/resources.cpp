@@ -1,9 +1,11 @@
 #include "tests/robustness/resources.h"
 
+#include "host/plugin/registry.h"
+
 #include "tests/support/from_test.h"
 
-#include "host/gateway.h"
-#include "host/roads.h"
+#include "host/gateway/gateway.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "kelmora_records.h"
@@ -216,7 +218,7 @@ std::vector<std::string> images(Nodes &nodes)
 bool is_one_of(std::string_view name, const std::set<std::string_view> &names) { return names.contains(name); }
 
 /// Whether the contract leaves the document of a call unreleased.
-bool keeps_document(const Resource &resource, const std::string &text, const Answer &answer)
+bool leaks_document(const Resource &resource, const std::string &text, const Answer &answer)
 {
     if (releases_all)
         return false;
@@ -313,7 +315,7 @@ Answer read_in(const Resource &resource, const std::string &text, FailingAllocat
         const std::size_t json_before = allocations::json_alive();
 
         allocations::fail(memory.number, memory.failing);
-        kelmora_host::WriteAnswer written = kelmora_host::write(from, node, text);
+        kelmora_host::Decoded written = kelmora_host::from_json(from, node, text);
         answer.allocations = allocations::asked_for();
         allocations::pass();
         answer.result = written.result;
@@ -322,7 +324,7 @@ Answer read_in(const Resource &resource, const std::string &text, FailingAllocat
         const auto failures = std::count_if(answer.errors.begin(), answer.errors.end(), std::not_fn(is_remark));
         EXPECT_EQ(failures, answer.result == 1 ? 0 : 1) << "result and errors do not fit together";
         EXPECT_TRUE(answer.result == 0 || answer.result == 1) << answer.result;
-        if (keeps_document(resource, text, answer)) {
+        if (leaks_document(resource, text, answer)) {
             EXPECT_GT(allocations::json_alive(), json_before) << "the document is not kept";
         } else {
             EXPECT_EQ(allocations::json_alive(), json_before) << "JSON values outlive the call";

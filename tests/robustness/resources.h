@@ -3,9 +3,9 @@
 
 #include "tests/support/allocations.h"
 
-#include "host/errors.h"
-#include "host/node.h"
-#include "host/registry.h"
+#include "host/gateway/node.h"
+#include "host/gateway/resources.h"
+#include "host/plugin/errors.h"
 
 #include <cstddef>
 #include <functional>

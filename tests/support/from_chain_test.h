@@ -39,7 +39,7 @@ protected:
     /// What the second element becomes when its member has this value.
     Node stored(const std::string &member, const std::string &json)
     {
-        this->make_stale();
+        this->poison();
         EXPECT_TRUE(this->accepts(with(this->document_, second(member), json)));
         return nodes().at(1);
     }
@@ -54,20 +54,20 @@ protected:
         std::vector<std::string> this_and_later;
         for (auto member = members.rbegin(); member != members.rend(); ++member) {
             this_and_later.push_back(second(member->path));
-            this->keeps_document_ = true;
-            this->make_stale();
+            this->leaks_document_ = true;
+            this->poison();
             EXPECT_TRUE(this->rejects(without(this->document_, second(member->path)), member->field, member->message));
             EXPECT_EQ(nodes().size(), 2U) << member->path;
             EXPECT_TRUE(this->rejects(without_all(this->document_, this_and_later), member->field, member->message));
-            this->keeps_document_ = false;
+            this->leaks_document_ = false;
             EXPECT_TRUE(this->accepts(with(this->document_, second(member->path), "null")));
         }
-        this->keeps_document_ = true;
+        this->leaks_document_ = true;
         for (const char *other : {"{}", "[]", "null", "true", "1", "1.5", "\"text\""}) {
             EXPECT_TRUE(this->rejects(with_list("[" + std::string(other) + "]"), members.front().field,
                                       members.front().message));
         }
-        this->keeps_document_ = false;
+        this->leaks_document_ = false;
     }
 
     /// The integer's low bits; 0 for every other type.
@@ -91,7 +91,7 @@ protected:
     }
 
     /// The text, cut to the field's width less one; the rest filled with NULs; empty for every other type.
-    template <std::size_t width> void expect_member_text(const std::string &member, char (Node::*field)[width])
+    template <std::size_t width> void expect_member_string(const std::string &member, char (Node::*field)[width])
     {
         for (const std::size_t length :
              {std::size_t{0}, std::size_t{1}, width - 2, width - 1, width, width + 1, std::size_t{65536}}) {
@@ -110,7 +110,7 @@ protected:
     /// Absent: accepted, and the field is empty.
     template <std::size_t width> void expect_member_optional(const std::string &member, char (Node::*field)[width])
     {
-        this->make_stale();
+        this->poison();
         EXPECT_TRUE(this->accepts(without(this->document_, second(member))));
         const Node node = nodes().at(1);
         EXPECT_EQ(std::string(node.*field, width), std::string(width, '\0')) << member;

@@ -19,7 +19,7 @@ constexpr bool releases_all = false;
 
 } // namespace
 
-bool FromTestBase::is_stale(const void *bytes, std::size_t size)
+bool FromTestBase::is_poisoned(const void *bytes, std::size_t size)
 {
     const auto *first = static_cast<const unsigned char *>(bytes);
     return std::all_of(first, first + size, [](unsigned char byte) { return byte == stale; });
@@ -45,7 +45,7 @@ int FromTestBase::call(const std::string &text, std::vector<Error> &errors)
     };
     const auto keeps_at_error = [&] {
         const bool has_document = !list.errors.empty() && list.errors.back().message != "invalid json data";
-        return keeps_document_ || (keeps_document_on_failure_ && has_document);
+        return leaks_document_ || (leaks_document_on_failure_ && has_document);
     };
     list.on_add = [&] {
         if (list.errors.back().source != "host" && !reports_and_goes_on_)
@@ -57,7 +57,7 @@ int FromTestBase::call(const std::string &text, std::vector<Error> &errors)
     fetches_ = node_.fetches() - fetches_before;
     errors = list.errors;
 
-    const bool kept = result == 1 ? keeps_document_ || (keeps_document_on_success_ && !text.empty()) : keeps_at_error();
+    const bool kept = result == 1 ? leaks_document_ || (leaks_document_on_success_ && !text.empty()) : keeps_at_error();
     expect_document(kept, "JSON values outlive the call");
     EXPECT_EQ(std::memcmp(node_.resource(), &header_before, sizeof header_before), 0) << "the node was written into";
     EXPECT_TRUE(std::equal(guard_before.begin(), guard_before.end(), guard)) << "written behind the record";
@@ -111,7 +111,7 @@ testing::AssertionResult FromTestBase::rejects(const std::string &text, const st
 
 void FromTestBase::expect_common_contract()
 {
-    make_stale();
+    poison();
     const auto expect_untouched = [this, before = image()] {
         EXPECT_EQ(image(), before) << "the record was written";
         EXPECT_EQ(fetches_, fetches_without_document_) << "the record was fetched";
@@ -144,13 +144,13 @@ void FromTestBase::expect_required_in_order(const std::vector<RequiredKey> &keys
 
 void FromTestBase::expect_survives_failing_memory()
 {
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(document_));
     const std::string complete = image();
 
     for (const Failing failing : {Failing::once, Failing::from_then_on}) {
         for (std::size_t n = 1;; ++n) {
-            make_stale();
+            poison();
             allocations::fail(n, failing);
             std::vector<Error> errors;
             const int result = call(document_, errors);
@@ -173,7 +173,7 @@ void FromTestBase::expect_boolean(const std::string &path, const std::uint8_t &f
 {
     for (const auto &[json, expected] : std::vector<std::pair<std::string, int>>{
              {"true", 1}, {"false", 0}, {"1", 0}, {"1.0", 0}, {"\"true\"", 0}, {"null", 0}, {"{}", 0}, {"[true]", 0}}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document_, path, json)));
         EXPECT_EQ(field, expected) << path << ": " << json;
     }
@@ -198,25 +198,25 @@ void FromTestBase::expect_integer(const std::string &path, const std::function<s
     for (const char *other : {"1.0", "2.5", "\"7\"", "true", "false", "null", "{}", "[7]"})
         cases.emplace_back(other, 0);
     for (const auto &[json, expected] : cases) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document_, path, json)));
         EXPECT_EQ(stored(), expected) << path << ": " << json;
     }
 }
 
-void FromTestBase::expect_text_stored(const std::string &path, const char *field, std::size_t width)
+void FromTestBase::expect_string_stored(const std::string &path, const char *field, std::size_t width)
 {
     for (const std::size_t length :
          {std::size_t{0}, std::size_t{1}, width - 2, width - 1, width, width + 1, std::size_t{65536}}) {
         const std::string text = quoted(length);
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document_, path, text)));
         std::string expected = text.substr(1, std::min(length, width - 1));
         expected.resize(width, '\0');
         EXPECT_EQ(std::string(field, width), expected) << path << " with " << length << " characters";
     }
     for (const char *other : {"1", "1.5", "true", "false", "null", "{}", "[\"text\"]"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document_, path, other)));
         EXPECT_EQ(std::string(field, width), std::string(width, '\0')) << path << ": " << other;
     }

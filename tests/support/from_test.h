@@ -3,8 +3,8 @@
 
 #include "tests/support/document.h"
 
-#include "host/errors.h"
-#include "host/node.h"
+#include "host/gateway/node.h"
+#include "host/plugin/errors.h"
 
 #include "kelmora_host.h"
 
@@ -43,7 +43,7 @@ protected:
     }
 
     /// Fills the record with stale bytes; its chains and texts are freed, and empty.
-    virtual void make_stale() = 0;
+    virtual void poison() = 0;
 
     /// The record's bytes and those of all that hangs on it, without the pointers between them.
     virtual std::string image() = 0;
@@ -84,26 +84,26 @@ protected:
     }
 
     /// The text, cut to the field's width less one; the rest filled with NULs; empty for every other type.
-    template <std::size_t width> void expect_text(const std::string &path, const char (&field)[width])
+    template <std::size_t width> void expect_string(const std::string &path, const char (&field)[width])
     {
-        expect_text_stored(path, field, width);
+        expect_string_stored(path, field, width);
     }
 
     /// Absent: accepted, and the field keeps what it held. Present: stored.
     template <class Field> void expect_optional(const std::string &path, const Field &field)
     {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(without(document_, path)));
-        EXPECT_TRUE(is_stale(&field, sizeof field)) << path << " was stored although the document has none";
-        make_stale();
+        EXPECT_TRUE(is_poisoned(&field, sizeof field)) << path << " was stored although the document has none";
+        poison();
         EXPECT_TRUE(accepts(document_));
-        EXPECT_FALSE(is_stale(&field, sizeof field)) << path << " was not stored";
+        EXPECT_FALSE(is_poisoned(&field, sizeof field)) << path << " was not stored";
     }
 
     /// Whether a field still holds its stale bytes.
     template <class Field> [[nodiscard]] static bool untouched(const Field &field)
     {
-        return is_stale(&field, sizeof field);
+        return is_poisoned(&field, sizeof field);
     }
 
     /// A document that the translator accepts and that has every key it reads.
@@ -111,9 +111,9 @@ protected:
 
     // Whether the contract makes the next calls leave their document unreleased: all of them, those that succeed, or
     // those that fail (a text that does not parse makes no document).
-    bool keeps_document_ = false;
-    bool keeps_document_on_success_ = false;
-    bool keeps_document_on_failure_ = false;
+    bool leaks_document_ = false;
+    bool leaks_document_on_success_ = false;
+    bool leaks_document_on_failure_ = false;
 
     /// How often the last call fetched the record, and how often calls without a document may.
     std::size_t fetches_ = 0;
@@ -125,11 +125,11 @@ private:
     /// Calls the translator and checks what holds for every call.
     int call(const std::string &text, std::vector<kelmora_host::Error> &errors);
 
-    [[nodiscard]] static bool is_stale(const void *bytes, std::size_t size);
+    [[nodiscard]] static bool is_poisoned(const void *bytes, std::size_t size);
 
     void expect_integer(const std::string &path, const std::function<std::int64_t()> &stored, std::int64_t least,
                         std::int64_t most);
-    void expect_text_stored(const std::string &path, const char *field, std::size_t width);
+    void expect_string_stored(const std::string &path, const char *field, std::size_t width);
 
     kelmora_from_translator from_;
     bool reports_and_goes_on_ = false;      ///< an error of the next call need not end it
@@ -187,14 +187,14 @@ protected:
     FromTest(kelmora_from_translator from, std::string document)
         : FromTestBase(from, std::move(document), kelmora_host::Record(Guarded{}))
     {
-        FromTest::make_stale();
+        FromTest::poison();
     }
 
     ~FromTest() override { free_what_it_owns(); }
 
     Type &record() { return node_.record().template as<Guarded>().record; }
 
-    void make_stale() override
+    void poison() override
     {
         free_what_it_owns();
         std::memset(node_.record().bytes(), stale, node_.record().size());

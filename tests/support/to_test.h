@@ -1,7 +1,7 @@
 #ifndef KELMORA_TESTS_SUPPORT_TO_TEST_H
 #define KELMORA_TESTS_SUPPORT_TO_TEST_H
 
-#include "host/node.h"
+#include "host/gateway/node.h"
 
 #include "kelmora_host.h"
 

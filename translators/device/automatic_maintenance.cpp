@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_automatic_maintenance &maintenance, const NodeId &id)
+void to_json(Encoder &out, const kelmora_automatic_maintenance &maintenance, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", maintenance.enabled);
     out.object("time", [&](Encoder &time) {
         time.integer("hour", maintenance.hour);
@@ -15,7 +15,7 @@ void write(Encoder &out, const kelmora_automatic_maintenance &maintenance, const
     });
 }
 
-void read(Decoder &in, kelmora_automatic_maintenance &maintenance)
+void from_json(Decoder &in, kelmora_automatic_maintenance &maintenance)
 {
     in.required_boolean("enabled"_key, maintenance.enabled);
     Decoder time = in.required("time"_key);
@@ -27,10 +27,10 @@ void read(Decoder &in, kelmora_automatic_maintenance &maintenance)
 
 int automatic_maintenance_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::plain);
 }
 
 int automatic_maintenance_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

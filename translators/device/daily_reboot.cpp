@@ -5,7 +5,7 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_daily_reboot &reboot)
+void to_json(Encoder &out, const kelmora_daily_reboot &reboot)
 {
     out.integer("hour", reboot.hour);
     out.integer("minute", reboot.minute);
@@ -13,7 +13,7 @@ void write(Encoder &out, const kelmora_daily_reboot &reboot)
     out.boolean("delay", reboot.delay);
 }
 
-void read(Decoder &in, kelmora_daily_reboot &reboot)
+void from_json(Decoder &in, kelmora_daily_reboot &reboot)
 {
     in.required_integer("hour"_key, reboot.hour);
     in.required_integer("minute"_key, reboot.minute);
@@ -25,10 +25,10 @@ void read(Decoder &in, kelmora_daily_reboot &reboot)
 
 int daily_reboot_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int daily_reboot_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

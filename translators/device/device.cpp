@@ -5,15 +5,15 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_device &device, const NodeId &id)
+void to_json(Encoder &out, const kelmora_device &device, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("model", device.model);
+    out.string("id", id);
+    out.string("model", device.model);
     out.integer("uptime", device.uptime);
-    out.text("fw_version", device.fw_version);
+    out.string("fw_version", device.fw_version);
     out.boolean("show_wizard", device.show_wizard);
     out.boolean("login_enable", device.login_enable);
-    out.text("alias", device.alias);
+    out.string("alias", device.alias);
     out.boolean("leds", device.leds);
     out.boolean("is_manageable", device.is_manageable);
 }
@@ -21,7 +21,7 @@ void write(Encoder &out, const kelmora_device &device, const NodeId &id)
 /// Places of fields in the record, as kelmora_set_missing counts them.
 enum Place { alias = 3, show_wizard = 4, login_enable = 5, leds = 6, is_manageable = 7 };
 
-void read(Decoder &in, kelmora_resource *node)
+void from_json(Decoder &in, kelmora_resource *node)
 {
     auto &device = record_of<kelmora_device>(node);
     const auto report_if_absent = [&in, node](const char *key, Place place) {
@@ -30,7 +30,7 @@ void read(Decoder &in, kelmora_resource *node)
     };
     in.optional_boolean("show_wizard", device.show_wizard);
     report_if_absent("show_wizard", show_wizard);
-    in.optional_text("alias", device.alias);
+    in.optional_string("alias", device.alias);
     report_if_absent("alias", alias);
     in.optional_boolean("login_enable", device.login_enable);
     report_if_absent("login_enable", login_enable);
@@ -45,10 +45,10 @@ void read(Decoder &in, kelmora_resource *node)
 // The device is one record: a list of several entries shows the head's several times, on purpose.
 int device_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::head_repeated, Flags::compact);
+    return encode<to_json>(head, out, Nodes::head_repeated, Flags::plain);
 }
 
 int device_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,16 +5,16 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_factory_default &factory_default, const NodeId &id)
+void to_json(Encoder &out, const kelmora_factory_default &factory_default, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("pressedTime", factory_default.pressedTime);
 }
 
 // The absence of the key is reported under the resource's name, on purpose.
-constexpr Key pressed_time() { return key<"pressedTime", "factory_default">(); }
+constexpr Key pressed_time() { return key<"pressedTime", "factory_default", "pressedTime field not found">(); }
 
-void read(Decoder &in, kelmora_factory_default &factory_default)
+void from_json(Decoder &in, kelmora_factory_default &factory_default)
 {
     in.required_integer(pressed_time(), factory_default.pressedTime);
 }
@@ -23,10 +23,10 @@ void read(Decoder &in, kelmora_factory_default &factory_default)
 
 int factory_default_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::always_array, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking, Root::always_array, Flags::plain);
 }
 
 int factory_default_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode_after<read>(pressed_time(), node, text, errors);
+    return decode_after<from_json>(pressed_time(), node, text, errors);
 }

@@ -5,12 +5,12 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_limited_user_permissions &permissions)
+void to_json(Encoder &out, const kelmora_limited_user_permissions &permissions)
 {
     out.array("limited_user_permissions", [&](ArrayEncoder &list) {
         for (const auto &permission : chain(permissions.limited_user_permissions)) {
             list.object([&](Encoder &entry) {
-                entry.whole_text("resource_name", permission.resource_name);
+                entry.whole_string("resource_name", permission.resource_name);
                 entry.integer("resource_id", permission.resource_id);
             });
         }
@@ -21,7 +21,7 @@ void write(Encoder &out, const kelmora_limited_user_permissions &permissions)
 
 int limited_user_permissions_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // What the limited user may reach is the host's to decide.

@@ -5,7 +5,7 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_limits &limits)
+void to_json(Encoder &out, const kelmora_limits &limits)
 {
     out.integer("port_redirect", limits.port_redirect);
     out.integer("qos_rules", limits.qos_rules);
@@ -17,14 +17,14 @@ void write(Encoder &out, const kelmora_limits &limits)
     out.array("wifi_limits", [&limits](ArrayEncoder &list) {
         for (const auto &wifi_limit : chain(limits.wifi_limits)) {
             list.object([&wifi_limit](Encoder &entry) {
-                entry.text("radio_id", wifi_limit.radio_id);
+                entry.string("radio_id", wifi_limit.radio_id);
                 entry.integer("value", wifi_limit.value);
             });
         }
     });
 }
 
-void read(Decoder &in, kelmora_limits &limits)
+void from_json(Decoder &in, kelmora_limits &limits)
 {
     in.optional_integer("port_redirect", limits.port_redirect);
     in.optional_integer("qos_rules", limits.qos_rules);
@@ -39,7 +39,7 @@ void read(Decoder &in, kelmora_limits &limits)
         auto *wifi_limit = new_node<kelmora_limits_wifi_limit>(in, "wifi_limits");
         if (wifi_limit == nullptr)
             return;
-        element.optional_text("radio_id", wifi_limit->radio_id);
+        element.optional_string("radio_id", wifi_limit->radio_id);
         element.optional_integer("value", wifi_limit->value);
         wifi_limit->next = limits.wifi_limits;
         limits.wifi_limits = wifi_limit;
@@ -50,10 +50,10 @@ void read(Decoder &in, kelmora_limits &limits)
 
 int limits_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int limits_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -7,18 +7,18 @@ namespace {
 
 // The two directions carry different fields, on purpose: the password is never shown, the information never set.
 
-void write(Encoder &out, const kelmora_mp_info &mp_info) { out.text("info", mp_info.info); }
+void to_json(Encoder &out, const kelmora_mp_info &mp_info) { out.string("info", mp_info.info); }
 
-void read(Decoder &in, kelmora_mp_info &mp_info) { in.required_text("password"_key, mp_info.password); }
+void from_json(Decoder &in, kelmora_mp_info &mp_info) { in.required_string("password"_key, mp_info.password); }
 
 } // namespace
 
 int mp_info_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking, Flags::pretty);
 }
 
 int mp_info_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

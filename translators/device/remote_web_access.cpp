@@ -5,30 +5,30 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_remote_web_access &access, const NodeId &id)
+void to_json(Encoder &out, const kelmora_remote_web_access &access, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", access.enabled);
     out.integer("port", access.port);
     out.boolean("enable_ip_range", access.enable_ip_range);
-    out.text("rangeStart", access.rangeStart);
-    out.text("rangeEnd", access.rangeEnd);
+    out.string("rangeStart", access.rangeStart);
+    out.string("rangeEnd", access.rangeEnd);
     out.boolean("ipv6Enabled", access.ipv6Enabled);
     out.boolean("pingWan", access.pingWan);
 }
 
-void read(Decoder &in, kelmora_remote_web_access &access)
+void from_json(Decoder &in, kelmora_remote_web_access &access)
 {
     in.required_boolean("enabled"_key, access.enabled);
     in.required_integer("port"_key, access.port);
     in.optional_boolean("enable_ip_range", access.enable_ip_range);
     // The record's switch, on purpose: a document that leaves it out is checked against the current setting.
     if (access.enable_ip_range != 0) {
-        in.required_text("rangeStart"_key, access.rangeStart);
-        in.required_text("rangeEnd"_key, access.rangeEnd);
+        in.required_string("rangeStart"_key, access.rangeStart);
+        in.required_string("rangeEnd"_key, access.rangeEnd);
     } else {
-        in.optional_text("rangeStart", access.rangeStart);
-        in.optional_text("rangeEnd", access.rangeEnd);
+        in.optional_string("rangeStart", access.rangeStart);
+        in.optional_string("rangeEnd", access.rangeEnd);
     }
     in.optional_boolean("ipv6Enabled", access.ipv6Enabled);
     in.optional_boolean("pingWan", access.pingWan);
@@ -38,10 +38,10 @@ void read(Decoder &in, kelmora_remote_web_access &access)
 
 int remote_web_access_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int remote_web_access_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,7 +5,7 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_status &status)
+void to_json(Encoder &out, const kelmora_status &status)
 {
     out.boolean("has_internet", status.has_internet);
     out.boolean("wan_cable", status.wan_cable);
@@ -18,7 +18,7 @@ void write(Encoder &out, const kelmora_status &status)
 
 int status_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // The summary is read-only.

@@ -5,25 +5,25 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_system &system, const NodeId &id)
+void to_json(Encoder &out, const kelmora_system &system, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("upnp", system.upnp);
     out.boolean("sip_alg", system.sip_alg);
-    out.text("upnp_wan_if", system.upnp_wan_if);
+    out.string("upnp_wan_if", system.upnp_wan_if);
     out.integer("operationMode", system.operationMode);
     out.boolean("limited_user_enabled", system.limited_user_enabled);
     out.object("dmz", [&system](Encoder &dmz) {
         dmz.boolean("enabled", system.dmz_enabled);
-        dmz.text("ip4", system.dmz_ip4);
+        dmz.string("ip4", system.dmz_ip4);
     });
     out.object("ipv6", [&system](Encoder &ipv6) { ipv6.boolean("enabled", system.ipv6_enabled); });
 }
 
-void read(Decoder &in, kelmora_system &system)
+void from_json(Decoder &in, kelmora_system &system)
 {
     in.required_boolean("upnp"_key, system.upnp);
-    in.optional_text("upnp_wan_if", system.upnp_wan_if);
+    in.optional_string("upnp_wan_if", system.upnp_wan_if);
     in.optional_integer("operationMode", system.operationMode);
     in.optional_boolean("limited_user_enabled", system.limited_user_enabled);
     in.optional_boolean("sip_alg", system.sip_alg);
@@ -31,7 +31,7 @@ void read(Decoder &in, kelmora_system &system)
     Decoder dmz = in.optional("dmz");
     if (dmz.optional("enabled") && dmz.optional("ip4")) { // both or neither, on purpose
         dmz.optional_boolean("enabled", system.dmz_enabled);
-        dmz.optional_text("ip4", system.dmz_ip4);
+        dmz.optional_string("ip4", system.dmz_ip4);
     }
 
     Decoder ipv6 = in.optional("ipv6");
@@ -42,10 +42,10 @@ void read(Decoder &in, kelmora_system &system)
 
 int system_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking, Flags::pretty);
 }
 
 int system_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

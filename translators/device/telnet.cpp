@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void read(Decoder &in, kelmora_telnet &telnet)
+void from_json(Decoder &in, kelmora_telnet &telnet)
 {
-    in.required_text("password"_key, telnet.password); // first on purpose: stored even when the switch is missing
+    in.required_string("password"_key, telnet.password); // first on purpose: stored even when the switch is missing
     in.required_boolean("enable"_key, telnet.enable);
 }
 
@@ -18,5 +18,5 @@ int telnet_to_translator(kelmora_resource * /*head*/, char ** /*out*/) { return 
 
 int telnet_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,18 +5,18 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_user &user, const NodeId &id)
+void to_json(Encoder &out, const kelmora_user &user, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("username", user.username);
-    out.text("password", user.password);
+    out.string("id", id);
+    out.string("username", user.username);
+    out.string("password", user.password);
     out.boolean("is_privileged", user.is_privileged);
 }
 
-void read(Decoder &in, kelmora_user &user)
+void from_json(Decoder &in, kelmora_user &user)
 {
-    in.required_text("username"_key, user.username);
-    in.required_text("password"_key, user.password);
+    in.required_string("username"_key, user.username);
+    in.required_string("password"_key, user.password);
     in.optional_boolean("is_privileged", user.is_privileged);
 }
 
@@ -24,10 +24,10 @@ void read(Decoder &in, kelmora_user &user)
 
 int user_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking, Flags::plain);
 }
 
 int user_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode_after<read>("username"_key, node, text, errors);
+    return decode_after<from_json>("username"_key, node, text, errors);
 }

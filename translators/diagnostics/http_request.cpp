@@ -5,26 +5,26 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_http_request &request, const NodeId &id)
+void to_json(Encoder &out, const kelmora_http_request &request, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("dest", request.dest);
+    out.string("id", id);
+    out.string("dest", request.dest);
     out.boolean("mesh_session", request.mesh_session);
     out.integer("method", request.method);
     out.integer("timeout", request.timeout);
-    out.text("token", request.token);
+    out.string("token", request.token);
     out.integer("status", request.status);
-    out.whole_text("body", request.body != nullptr ? request.body : ""); // as a text, on purpose: not parsed
+    out.whole_string("body", request.body != nullptr ? request.body : ""); // as a text, on purpose: not parsed
 }
 
-void read(Decoder &in, kelmora_http_request &request)
+void from_json(Decoder &in, kelmora_http_request &request)
 {
-    in.required_text("dest"_key, request.dest);
+    in.required_string("dest"_key, request.dest);
     if (!in.ok())
         return;
     request.mesh_session = in.optional("mesh_session").is_true() ? 1 : 0; // cleared when absent, on purpose
     in.required_integer("method"_key, request.method);
-    in.optional_text("token", request.token);
+    in.optional_string("token", request.token);
     in.optional_integer("timeout", request.timeout);
     if (request.mesh_session != 0)
         return; // a request inside a mesh session keeps the body it had, on purpose
@@ -36,10 +36,10 @@ void read(Decoder &in, kelmora_http_request &request)
 
 int http_request_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::head_id, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_with_head_id, Flags::plain);
 }
 
 int http_request_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,27 +5,27 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ddns &account, const NodeId &id)
+void to_json(Encoder &out, const kelmora_ddns &account, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("provider", account.provider);
-    out.text("hostname", account.hostname);
-    out.text("interface", account.interface);
-    out.text("username", account.username);
-    out.text("password", account.password);
+    out.string("hostname", account.hostname);
+    out.string("interface", account.interface);
+    out.string("username", account.username);
+    out.string("password", account.password);
     out.integer("enabled", account.enabled); // a number here, on purpose
     out.integer("instance_num", account.instance_num);
     out.integer("service_port", account.service_port);
     out.integer("status", account.status);
 }
 
-void read(Decoder &in, kelmora_ddns &account)
+void from_json(Decoder &in, kelmora_ddns &account)
 {
     in.required_integer("provider"_key, account.provider);
-    in.required_text("hostname"_key, account.hostname);
-    in.required_text("interface"_key, account.interface);
-    in.required_text("username"_key, account.username);
-    in.required_text("password"_key, account.password);
+    in.required_string("hostname"_key, account.hostname);
+    in.required_string("interface"_key, account.interface);
+    in.required_string("username"_key, account.username);
+    in.required_string("password"_key, account.password);
     if (const Decoder enabled = in.required("enabled"_key))
         account.enabled = enabled.integer() != 0 ? 1 : 0; // all 64 bits count, and JSON true is no number: on purpose
     in.required_integer("instance_num"_key, account.instance_num);
@@ -37,10 +37,10 @@ void read(Decoder &in, kelmora_ddns &account)
 
 int ddns_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int ddns_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_firewall_alg &gateways, const NodeId &id)
+void to_json(Encoder &out, const kelmora_firewall_alg &gateways, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("ftp_enabled", gateways.ftp_enabled);
     out.boolean("tftp_enabled", gateways.tftp_enabled);
     out.boolean("h323_enabled", gateways.h323_enabled);
@@ -18,7 +18,7 @@ void write(Encoder &out, const kelmora_firewall_alg &gateways, const NodeId &id)
     out.boolean("pptp_enabled", gateways.pptp_enabled);
 }
 
-void read(Decoder &in, kelmora_firewall_alg &gateways)
+void from_json(Decoder &in, kelmora_firewall_alg &gateways)
 {
     in.optional_boolean("ftp_enabled", gateways.ftp_enabled);
     in.optional_boolean("tftp_enabled", gateways.tftp_enabled);
@@ -34,10 +34,10 @@ void read(Decoder &in, kelmora_firewall_alg &gateways)
 
 int firewall_alg_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int firewall_alg_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

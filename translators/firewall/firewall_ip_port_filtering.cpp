@@ -5,17 +5,17 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_firewall_ip_port_filtering &filter, const NodeId &id)
+void to_json(Encoder &out, const kelmora_firewall_ip_port_filtering &filter, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("outgoing_default_action", filter.outgoing_default_action);
     out.integer("incoming_default_action", filter.incoming_default_action);
     out.array("filter_lists", [&](ArrayEncoder &list) {
         for (const auto &rule : chain(filter.filter_lists)) {
             list.object([&](Encoder &entry) {
                 entry.boolean("rule_action", rule.rule_action);
-                entry.text("source_ip_address", rule.source_ip_address);
-                entry.text("dest_ip_address", rule.dest_ip_address);
+                entry.string("source_ip_address", rule.source_ip_address);
+                entry.string("dest_ip_address", rule.dest_ip_address);
                 entry.integer("source_subnet_mask", rule.source_subnet_mask);
                 entry.integer("dest_subnet_mask", rule.dest_subnet_mask);
                 entry.integer("source_port_from", rule.source_port_from);
@@ -24,19 +24,19 @@ void write(Encoder &out, const kelmora_firewall_ip_port_filtering &filter, const
                 entry.integer("dest_port_to", rule.dest_port_to);
                 entry.integer("direction", rule.direction);
                 entry.integer("protocol", rule.protocol);
-                entry.text("interface_index", rule.interface_index);
+                entry.string("interface_index", rule.interface_index);
             });
         }
     });
 }
 
 /// A member that every rule must have.
-template <FixedText name> constexpr Key rule_key()
+template <FixedString name> constexpr Key rule_key()
 {
-    return key<name, FixedText("filter_lists.") + name, "field not found">();
+    return key<name, FixedString("filter_lists.") + name, "field not found">();
 }
 
-void read(Decoder &in, kelmora_firewall_ip_port_filtering &filter)
+void from_json(Decoder &in, kelmora_firewall_ip_port_filtering &filter)
 {
     in.required_integer("outgoing_default_action"_bare_key, filter.outgoing_default_action);
     in.required_integer("incoming_default_action"_bare_key, filter.incoming_default_action);
@@ -45,10 +45,10 @@ void read(Decoder &in, kelmora_firewall_ip_port_filtering &filter)
         auto *rule = builder.add(in, "filter_lists");
         if (rule == nullptr)
             return;
-        in.keep_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
+        in.leak_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
         entry.required_boolean(rule_key<"rule_action">(), rule->rule_action);
-        entry.optional_text("source_ip_address", rule->source_ip_address);
-        entry.optional_text("dest_ip_address", rule->dest_ip_address);
+        entry.optional_string("source_ip_address", rule->source_ip_address);
+        entry.optional_string("dest_ip_address", rule->dest_ip_address);
         entry.required_integer(rule_key<"source_subnet_mask">(), rule->source_subnet_mask);
         entry.required_integer(rule_key<"dest_subnet_mask">(), rule->dest_subnet_mask);
         entry.required_integer(rule_key<"source_port_from">(), rule->source_port_from);
@@ -57,8 +57,8 @@ void read(Decoder &in, kelmora_firewall_ip_port_filtering &filter)
         entry.required_integer(rule_key<"dest_port_to">(), rule->dest_port_to);
         entry.required_integer(rule_key<"direction">(), rule->direction);
         entry.required_integer(rule_key<"protocol">(), rule->protocol);
-        entry.required_text(rule_key<"interface_index">(), rule->interface_index);
-        in.keep_document_on_failure(false);
+        entry.required_string(rule_key<"interface_index">(), rule->interface_index);
+        in.leak_document_on_failure(false);
     }
 }
 
@@ -66,10 +66,10 @@ void read(Decoder &in, kelmora_firewall_ip_port_filtering &filter)
 
 int firewall_ip_port_filtering_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int firewall_ip_port_filtering_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,24 +5,24 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_firewall_mac_filtering &filter, const NodeId &id)
+void to_json(Encoder &out, const kelmora_firewall_mac_filtering &filter, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("incoming_default_act", filter.incoming_default_act);
     out.integer("outgoing_default_act", filter.outgoing_default_act);
     out.array("entry", [&](ArrayEncoder &list) {
         for (const auto &rule : chain(filter.entry)) {
             list.object([&](Encoder &entry) {
                 entry.integer("direction", rule.direction);
-                entry.text("source_mac", rule.source_mac);
-                entry.text("destination_mac", rule.destination_mac);
+                entry.string("source_mac", rule.source_mac);
+                entry.string("destination_mac", rule.destination_mac);
                 entry.integer("rule_action", rule.rule_action);
             });
         }
     });
 }
 
-void read(Decoder &in, kelmora_firewall_mac_filtering &filter)
+void from_json(Decoder &in, kelmora_firewall_mac_filtering &filter)
 {
     in.required_integer("incoming_default_act"_bare_key, filter.incoming_default_act);
     in.required_integer("outgoing_default_act"_bare_key, filter.outgoing_default_act);
@@ -31,12 +31,12 @@ void read(Decoder &in, kelmora_firewall_mac_filtering &filter)
         auto *rule = builder.add(in, "entry");
         if (rule == nullptr)
             return;
-        in.keep_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
-        entry.required_integer(key<"direction", "entry.direction", "field not found">(), rule->direction);
-        entry.optional_text("source_mac", rule->source_mac);
-        entry.optional_text("destination_mac", rule->destination_mac);
-        entry.required_integer(key<"rule_action", "entry.rule_action", "field not found">(), rule->rule_action);
-        in.keep_document_on_failure(false);
+        in.leak_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
+        entry.required_integer("entry.direction"_bare_key, rule->direction);
+        entry.optional_string("source_mac", rule->source_mac);
+        entry.optional_string("destination_mac", rule->destination_mac);
+        entry.required_integer("entry.rule_action"_bare_key, rule->rule_action);
+        in.leak_document_on_failure(false);
     }
 }
 
@@ -44,10 +44,10 @@ void read(Decoder &in, kelmora_firewall_mac_filtering &filter)
 
 int firewall_mac_filtering_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int firewall_mac_filtering_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

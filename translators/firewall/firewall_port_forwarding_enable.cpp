@@ -5,13 +5,13 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_firewall_port_forwarding_enable &forwarding, const NodeId &id)
+void to_json(Encoder &out, const kelmora_firewall_port_forwarding_enable &forwarding, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", forwarding.enabled);
 }
 
-void read(Decoder &in, kelmora_firewall_port_forwarding_enable &forwarding)
+void from_json(Decoder &in, kelmora_firewall_port_forwarding_enable &forwarding)
 {
     in.optional_boolean("enabled", forwarding.enabled);
 }
@@ -20,10 +20,10 @@ void read(Decoder &in, kelmora_firewall_port_forwarding_enable &forwarding)
 
 int firewall_port_forwarding_enable_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int firewall_port_forwarding_enable_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

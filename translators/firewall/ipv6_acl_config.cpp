@@ -5,11 +5,11 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ipv6_acl_config &rule, const NodeId &id)
+void to_json(Encoder &out, const kelmora_ipv6_acl_config &rule, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("interfaceID", rule.interfaceID);
-    out.text("ip6_start_addr", rule.ip6_start_addr);
+    out.string("id", id);
+    out.string("interfaceID", rule.interfaceID);
+    out.string("ip6_start_addr", rule.ip6_start_addr);
     out.integer("ip6_prefix_length", rule.ip6_prefix_length);
     out.boolean("enable", rule.enable);
     out.boolean("service_any", rule.service_any);
@@ -22,10 +22,10 @@ void write(Encoder &out, const kelmora_ipv6_acl_config &rule, const NodeId &id)
     out.boolean("service_ssh", rule.service_ssh);
 }
 
-void read(Decoder &in, kelmora_ipv6_acl_config &rule)
+void from_json(Decoder &in, kelmora_ipv6_acl_config &rule)
 {
-    in.required_text("interfaceID"_key, rule.interfaceID);
-    in.required_text("ip6_start_addr"_key, rule.ip6_start_addr);
+    in.required_string("interfaceID"_key, rule.interfaceID);
+    in.required_string("ip6_start_addr"_key, rule.ip6_start_addr);
     in.required_integer("ip6_prefix_length"_key, rule.ip6_prefix_length);
     in.required_boolean("enable"_key, rule.enable);
     in.required_boolean("service_any"_key, rule.service_any);
@@ -42,10 +42,10 @@ void read(Decoder &in, kelmora_ipv6_acl_config &rule)
 
 int ipv6_acl_config_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::counting_if_any, Flags::pretty);
 }
 
 int ipv6_acl_config_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

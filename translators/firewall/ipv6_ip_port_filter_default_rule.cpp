@@ -7,15 +7,15 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ipv6_ip_port_filter_default_rule &rule, const NodeId &id)
+void to_json(Encoder &out, const kelmora_ipv6_ip_port_filter_default_rule &rule, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("default_incoming_action", rule.default_incoming_action);
     out.integer("default_outgoing_action", rule.default_outgoing_action);
 }
 
 /// A required key whose absence is reported with the resource as the source, on purpose.
-void read_action(Decoder &in, const char *name, std::uint32_t &action)
+void action_from_json(const Decoder &in, const char *name, std::uint32_t &action)
 {
     if (const Decoder value = in.optional(name))
         action = static_cast<std::uint32_t>(value.integer());
@@ -23,22 +23,22 @@ void read_action(Decoder &in, const char *name, std::uint32_t &action)
         in.fail(name, "field not found", "ipv6_ip_port_filter_default_rule");
 }
 
-void read(Decoder &in, kelmora_ipv6_ip_port_filter_default_rule &rule)
+void from_json(Decoder &in, kelmora_ipv6_ip_port_filter_default_rule &rule)
 {
-    in.keep_document_on_failure(true); // on purpose: success alone releases it
-    read_action(in, "default_incoming_action", rule.default_incoming_action);
-    read_action(in, "default_outgoing_action", rule.default_outgoing_action);
+    in.leak_document_on_failure(true); // on purpose: success alone releases it
+    action_from_json(in, "default_incoming_action", rule.default_incoming_action);
+    action_from_json(in, "default_outgoing_action", rule.default_outgoing_action);
 }
 
 } // namespace
 
 int ipv6_ip_port_filter_default_rule_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int ipv6_ip_port_filter_default_rule_from_translator(kelmora_resource *node, const char *text,
                                                      kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

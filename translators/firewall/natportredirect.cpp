@@ -5,25 +5,25 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_natportredirect &redirect, const NodeId &id)
+void to_json(Encoder &out, const kelmora_natportredirect &redirect, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("description", redirect.description);
+    out.string("id", id);
+    out.string("description", redirect.description);
     out.integer("protocol", redirect.protocol);
     out.object("externalPort", [&](Encoder &port) {
         port.integer("start", redirect.external_port_start);
         port.integer("end", redirect.external_port_end);
     });
-    out.text("internalIP", redirect.internalIP);
+    out.string("internalIP", redirect.internalIP);
     out.object("internalPort", [&](Encoder &port) {
         port.integer("start", redirect.internal_port_start);
         port.integer("end", redirect.internal_port_end);
     });
 }
 
-void read(Decoder &in, kelmora_natportredirect &redirect)
+void from_json(Decoder &in, kelmora_natportredirect &redirect)
 {
-    in.optional_text("description", redirect.description);
+    in.optional_string("description", redirect.description);
     in.required_integer("protocol"_key, redirect.protocol);
     Decoder external = in.required(key<"externalPort", "externalPort", "externalPort object not found">());
     external.required_integer(key<"start", "externalPort.start", "externalPort.start field not found">(),
@@ -35,17 +35,17 @@ void read(Decoder &in, kelmora_natportredirect &redirect)
                               redirect.internal_port_start);
     internal.required_integer(key<"end", "internalPort.end", "internalPort.end field not found">(),
                               redirect.internal_port_end);
-    in.required_text("internalIP"_key, redirect.internalIP); // last on purpose: the ports are stored by now
+    in.required_string("internalIP"_key, redirect.internalIP); // last on purpose: the ports are stored by now
 }
 
 } // namespace
 
 int natportredirect_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int natportredirect_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -7,17 +7,17 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_parental_control &control)
+void to_json(Encoder &out, const kelmora_parental_control &control)
 {
     out.boolean("enabled", control.enabled);
     out.array("parental_control_list", [&](ArrayEncoder &list) {
         for (const auto &rule : chain(control.parental_control_list)) {
             list.object([&](Encoder &entry) {
-                entry.text("username", rule.username);
+                entry.string("username", rule.username);
                 entry.integer("address_type", rule.address_type);
-                entry.text("ip_address_from", rule.ip_address_from);
-                entry.text("ip_address_to", rule.ip_address_to);
-                entry.text("mac_address", rule.mac_address);
+                entry.string("ip_address_from", rule.ip_address_from);
+                entry.string("ip_address_to", rule.ip_address_to);
+                entry.string("mac_address", rule.mac_address);
                 entry.integer("days", rule.days);
                 entry.integer("hours_begin", rule.hours_begin);
                 entry.integer("minutes_begin", rule.minutes_begin);
@@ -28,10 +28,10 @@ void write(Encoder &out, const kelmora_parental_control &control)
     });
 }
 
-void read(Decoder &in, kelmora_parental_control &control)
+void from_json(Decoder &in, kelmora_parental_control &control)
 {
     in.checked_boolean("enabled", control.enabled);
-    const Elements list = in.checked_array("parental_control_list");
+    const ArrayDecoder list = in.checked_array("parental_control_list");
     const auto count = static_cast<std::uint32_t>(list.size());
     if (count == 0)
         return; // on purpose: an empty list leaves the rules as they are
@@ -43,11 +43,11 @@ void read(Decoder &in, kelmora_parental_control &control)
             in.fail("parental_control_list", "out of memory");
             return;
         }
-        element.checked_text("username", rule->username);
+        element.checked_string("username", rule->username);
         element.checked_integer("address_type", rule->address_type);
-        element.checked_text("ip_address_from", rule->ip_address_from);
-        element.checked_text("ip_address_to", rule->ip_address_to);
-        element.checked_text("mac_address", rule->mac_address);
+        element.checked_string("ip_address_from", rule->ip_address_from);
+        element.checked_string("ip_address_to", rule->ip_address_to);
+        element.checked_string("mac_address", rule->mac_address);
         element.checked_integer("days", rule->days);
         element.checked_integer("hours_begin", rule->hours_begin);
         element.checked_integer("minutes_begin", rule->minutes_begin);
@@ -61,10 +61,10 @@ void read(Decoder &in, kelmora_parental_control &control)
 
 int parental_control_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::head_only | Shape::always_object, Flags::compact);
+    return encode<to_json>(head, out, Nodes::head_only, Root::always_object, Flags::plain);
 }
 
 int parental_control_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,13 +5,13 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ipv6_dhcp &dhcp)
+void to_json(Encoder &out, const kelmora_ipv6_dhcp &dhcp)
 {
     out.boolean("enabled", dhcp.enabled);
     out.integer("mode", dhcp.mode);
 }
 
-void read(Decoder &in, kelmora_ipv6_dhcp &dhcp)
+void from_json(Decoder &in, kelmora_ipv6_dhcp &dhcp)
 {
     in.required_boolean("enabled"_bare_key, dhcp.enabled);
     in.required_integer("mode"_bare_key, dhcp.mode);
@@ -21,10 +21,10 @@ void read(Decoder &in, kelmora_ipv6_dhcp &dhcp)
 
 int ipv6_dhcp_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int ipv6_dhcp_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,11 +5,11 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ipv6_dhcp_client &client, const NodeId &id)
+void to_json(Encoder &out, const kelmora_ipv6_dhcp_client &client, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("ip_address", client.ip_address);
-    out.text("duid", client.duid);
+    out.string("id", id);
+    out.string("ip_address", client.ip_address);
+    out.string("duid", client.duid);
     out.integer("aging_time", client.aging_time);
 }
 
@@ -17,7 +17,7 @@ void write(Encoder &out, const kelmora_ipv6_dhcp_client &client, const NodeId &i
 
 int ipv6_dhcp_client_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // The clients are read-only.

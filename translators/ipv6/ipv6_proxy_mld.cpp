@@ -7,18 +7,18 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ipv6_proxy_mld &mld, const NodeId &id)
+void to_json(Encoder &out, const kelmora_ipv6_proxy_mld &mld, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("query_interval", mld.query_interval);
     out.integer("query_response_interval", mld.query_response_interval);
     out.integer("response_interval_of_last_group_member", mld.response_interval_of_last_group_member);
     out.integer("robust_count", mld.robust_count);
 }
 
-void read(Decoder &in, kelmora_ipv6_proxy_mld &mld)
+void from_json(Decoder &in, kelmora_ipv6_proxy_mld &mld)
 {
-    in.keep_document_on_failure(true); // on purpose: a missing key leaves it unreleased
+    in.leak_document_on_failure(true); // on purpose: a missing key leaves it unreleased
     const Decoder query = in.required("query_interval"_key);
     const Decoder response = in.required("query_response_interval"_key);
     const Decoder last_member = in.required("response_interval_of_last_group_member"_key);
@@ -35,10 +35,10 @@ void read(Decoder &in, kelmora_ipv6_proxy_mld &mld)
 
 int ipv6_proxy_mld_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int ipv6_proxy_mld_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,19 +5,19 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_ipv6_static_route_list &routes, const NodeId &id)
+void to_json(Encoder &out, const kelmora_ipv6_static_route_list &routes, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.array("ipv6_static_route_list", [&](ArrayEncoder &list) {
         for (const auto &route : chain(routes.ipv6_static_route_list)) {
             list.object([&](Encoder &entry) {
-                entry.text("destination", route.destination);
-                entry.text("next_hop", route.next_hop);
-                entry.text("flags", route.flags);
+                entry.string("destination", route.destination);
+                entry.string("next_hop", route.next_hop);
+                entry.string("flags", route.flags);
                 entry.integer("metric", route.metric);
                 entry.integer("ref", route.ref);
                 entry.integer("use", route.use);
-                entry.text("interfaceID", route.interfaceID);
+                entry.string("interfaceID", route.interfaceID);
             });
         }
     });
@@ -27,7 +27,7 @@ void write(Encoder &out, const kelmora_ipv6_static_route_list &routes, const Nod
 
 int ipv6_static_route_list_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::plain);
 }
 
 // The routing table is the system's: read-only.

@@ -5,22 +5,22 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_gem_port_stats &port, const NodeId &id)
+void to_json(Encoder &out, const kelmora_gem_port_stats &port, const NodeId &id)
 {
-    out.text("flow_id", id); // on purpose, and no "id"
+    out.string("flow_id", id); // on purpose, and no "id"
     out.integer("pkt_count", port.pkt_count);
     out.integer("gemport_id", port.gemport_id);
     if (port.gemport_direction == 1)
-        out.whole_text("gemport_direction", "upstream");
+        out.whole_string("gemport_direction", "upstream");
     else if (port.gemport_direction == 2)
-        out.whole_text("gemport_direction", "downstream");
+        out.whole_string("gemport_direction", "downstream");
 }
 
 } // namespace
 
 int gem_port_stats_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting | Shape::always_array, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Root::always_array, Flags::plain);
 }
 
 // read-only: there is nothing to write.

@@ -9,28 +9,28 @@ using namespace kelmora;
 namespace {
 
 /// "O5" for state 5, "UNDEF" for state 0.
-void write_state(Encoder &out, std::uint32_t state)
+void state_to_json(Encoder &out, std::uint32_t state)
 {
     char text[sizeof "O-2147483648"] = "UNDEF";
     if (state != 0)
         std::sprintf(text, "O%d", static_cast<int>(state)); // signed, on purpose
     text[9] = '\0';                                         // nine characters at most, on purpose
-    out.text("onu_state_id", text);
+    out.string("onu_state_id", text);
 }
 
-void write(Encoder &out, const kelmora_gpon_status &status, const NodeId &id)
+void to_json(Encoder &out, const kelmora_gpon_status &status, const NodeId &id)
 {
-    out.text("id", id);
-    write_state(out, status.onu_state);
+    out.string("id", id);
+    state_to_json(out, status.onu_state);
     out.integer("onu_id", status.onu_id);
-    out.text("onu_state_desc", status.onu_state_desc);
+    out.string("onu_state_desc", status.onu_state_desc);
 }
 
 } // namespace
 
 int gpon_status_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // read-only: there is nothing to write.

@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_pon_counters &counters, const NodeId &id)
+void to_json(Encoder &out, const kelmora_pon_counters &counters, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("tx_bytes", counters.tx_bytes);
     out.integer("rx_bytes", counters.rx_bytes);
     out.integer("tx_packets", counters.tx_packets);
@@ -29,7 +29,7 @@ void write(Encoder &out, const kelmora_pon_counters &counters, const NodeId &id)
 
 int pon_counters_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // read-only: there is nothing to write.

@@ -5,11 +5,11 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_pon_nodes &onu, const NodeId &id)
+void to_json(Encoder &out, const kelmora_pon_nodes &onu, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("ponOnuId", onu.ponOnuId);
-    out.text("model", onu.model);
+    out.string("model", onu.model);
     out.integer("gpon_provisioning_state", onu.gpon_provisioning_state);
 }
 
@@ -17,7 +17,7 @@ void write(Encoder &out, const kelmora_pon_nodes &onu, const NodeId &id)
 
 int pon_nodes_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // read-only: there is nothing to write.

@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_pon_stats &stats, const NodeId &id)
+void to_json(Encoder &out, const kelmora_pon_stats &stats, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.object("throughput", [&](Encoder &throughput) {
         throughput.integer("tx", stats.throughput_tx);
         throughput.integer("rx", stats.throughput_rx);
@@ -22,7 +22,7 @@ void write(Encoder &out, const kelmora_pon_stats &stats, const NodeId &id)
 
 int pon_stats_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // read-only: there is nothing to write.

@@ -5,24 +5,24 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_pon_status &status, const NodeId &id)
+void to_json(Encoder &out, const kelmora_pon_status &status, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.real("bias_current", status.bias_current);
-    out.text("part_number", status.part_number);
+    out.string("part_number", status.part_number);
     out.real("rx_power", status.rx_power);
     out.real("temperature", status.temperature);
-    out.text("vendor_name", status.vendor_name);
+    out.string("vendor_name", status.vendor_name);
     out.real("tx_power", status.tx_power);
     out.real("voltage", status.voltage);
-    out.text("current_mode", status.current_mode);
+    out.string("current_mode", status.current_mode);
 }
 
 } // namespace
 
 int pon_status_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // read-only: there is nothing to write.

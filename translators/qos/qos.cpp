@@ -5,15 +5,15 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_qos &qos, const NodeId &id)
+void to_json(Encoder &out, const kelmora_qos &qos, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", qos.enabled);
     out.integer("global_download", qos.global_download);
     out.integer("global_upload", qos.global_upload);
 }
 
-void read(Decoder &in, kelmora_qos &qos)
+void from_json(Decoder &in, kelmora_qos &qos)
 {
     in.required_boolean("enabled"_key, qos.enabled);
     // Reported under the short names, on purpose.
@@ -25,10 +25,10 @@ void read(Decoder &in, kelmora_qos &qos)
 
 int qos_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int qos_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

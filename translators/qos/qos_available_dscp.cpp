@@ -5,14 +5,14 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_qos_available_dscp *first, const NodeId &id)
+void to_json(Encoder &out, const kelmora_qos_available_dscp *first, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.array("qos_available_dscp", [&](ArrayEncoder &list) {
         for (const auto &available : chain(first)) {
             list.object([&](Encoder &entry) {
                 entry.integer("id", available.id);
-                entry.whole_text("dscp", available.dscp);
+                entry.whole_string("dscp", available.dscp);
             });
         }
     });
@@ -22,7 +22,7 @@ void write(Encoder &out, const kelmora_qos_available_dscp *first, const NodeId &
 
 int qos_available_dscp_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 // What is on offer is the host's to decide.

@@ -10,26 +10,26 @@ namespace {
 using Ip4 = char[17];
 using Ip6 = char[46];
 
-void write_ip(Encoder &out, const char *key, const Ip4 &ip4, const Ip4 &ip4_mask, const Ip6 &ip6,
-              std::uint8_t ip6_prefix_length)
+void ip_to_json(Encoder &out, const char *key, const Ip4 &ip4, const Ip4 &ip4_mask, const Ip6 &ip6,
+                std::uint8_t ip6_prefix_length)
 {
     out.object(key, [&](Encoder &ip) {
-        ip.text("ip4", ip4);
-        ip.text("ip4_mask", ip4_mask);
-        ip.text("ip6", ip6);
+        ip.string("ip4", ip4);
+        ip.string("ip4_mask", ip4_mask);
+        ip.string("ip6", ip6);
         ip.integer("ip6_prefix_length", ip6_prefix_length);
     });
 }
 
-void read_ip(Decoder in, Ip4 &ip4, Ip4 &ip4_mask, Ip6 &ip6, std::uint8_t &ip6_prefix_length)
+void ip_from_json(Decoder in, Ip4 &ip4, Ip4 &ip4_mask, Ip6 &ip6, std::uint8_t &ip6_prefix_length)
 {
-    in.optional_text("ip4", ip4);
-    in.optional_text("ip4_mask", ip4_mask);
-    in.optional_text("ip6", ip6);
+    in.optional_string("ip4", ip4);
+    in.optional_string("ip4_mask", ip4_mask);
+    in.optional_string("ip6", ip6);
     in.optional_integer("ip6_prefix_length", ip6_prefix_length);
 }
 
-void write_ports(Encoder &out, const char *key, std::uint16_t start, std::uint16_t end)
+void ports_to_json(Encoder &out, const char *key, std::uint16_t start, std::uint16_t end)
 {
     out.object(key, [&](Encoder &ports) {
         ports.integer("start", start);
@@ -37,16 +37,16 @@ void write_ports(Encoder &out, const char *key, std::uint16_t start, std::uint16
     });
 }
 
-void read_ports(Decoder in, std::uint16_t &start, std::uint16_t &end)
+void ports_from_json(Decoder in, std::uint16_t &start, std::uint16_t &end)
 {
     in.optional_integer("start", start);
     in.optional_integer("end", end);
 }
 
-void write(Encoder &out, const kelmora_qos_classification &rule, const NodeId &id)
+void to_json(Encoder &out, const kelmora_qos_classification &rule, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("rule_name", rule.rule_name);
+    out.string("id", id);
+    out.string("rule_name", rule.rule_name);
     out.integer("order", rule.order);
     out.integer("mode", rule.mode);
     out.object("precedence", [&](Encoder &precedence) {
@@ -63,20 +63,20 @@ void write(Encoder &out, const kelmora_qos_classification &rule, const NodeId &i
         ip.integer("ip_version", rule.ip_version);
         ip.integer("protocol", rule.protocol);
         ip.integer("dscp_pattern", rule.ip_dscp_pattern);
-        write_ip(ip, "ip_config_src", rule.src_ip4, rule.src_ip4_mask, rule.src_ip6, rule.src_ip6_prefix_length);
-        write_ip(ip, "ip_config_dst", rule.dst_ip4, rule.dst_ip4_mask, rule.dst_ip6, rule.dst_ip6_prefix_length);
-        write_ports(ip, "src_port", rule.src_port_start, rule.src_port_end);
-        write_ports(ip, "dst_port", rule.dst_port_start, rule.dst_port_end);
+        ip_to_json(ip, "ip_config_src", rule.src_ip4, rule.src_ip4_mask, rule.src_ip6, rule.src_ip6_prefix_length);
+        ip_to_json(ip, "ip_config_dst", rule.dst_ip4, rule.dst_ip4_mask, rule.dst_ip6, rule.dst_ip6_prefix_length);
+        ports_to_json(ip, "src_port", rule.src_port_start, rule.src_port_end);
+        ports_to_json(ip, "dst_port", rule.dst_port_start, rule.dst_port_end);
     });
     out.object("mac", [&](Encoder &mac) {
-        mac.text("src", rule.mac_src);
-        mac.text("dst", rule.mac_dst);
+        mac.string("src", rule.mac_src);
+        mac.string("dst", rule.mac_dst);
     });
 }
 
-void read(Decoder &in, kelmora_qos_classification &rule)
+void from_json(Decoder &in, kelmora_qos_classification &rule)
 {
-    in.required_text("rule_name"_key, rule.rule_name);
+    in.required_string("rule_name"_key, rule.rule_name);
     if (in.optional("order")) // after the name on purpose: it is stored even so
         in.fail("order", "order is read-only field");
     in.required_integer("mode"_key, rule.mode);
@@ -96,23 +96,25 @@ void read(Decoder &in, kelmora_qos_classification &rule)
     ip.optional_integer("ip_version", rule.ip_version);
     ip.optional_integer("protocol", rule.protocol);
     ip.optional_integer("dscp_pattern", rule.ip_dscp_pattern);
-    read_ip(ip.optional("ip_config_src"), rule.src_ip4, rule.src_ip4_mask, rule.src_ip6, rule.src_ip6_prefix_length);
-    read_ip(ip.optional("ip_config_dst"), rule.dst_ip4, rule.dst_ip4_mask, rule.dst_ip6, rule.dst_ip6_prefix_length);
-    read_ports(ip.optional("src_port"), rule.src_port_start, rule.src_port_end);
-    read_ports(ip.optional("dst_port"), rule.dst_port_start, rule.dst_port_end);
+    ip_from_json(ip.optional("ip_config_src"), rule.src_ip4, rule.src_ip4_mask, rule.src_ip6,
+                 rule.src_ip6_prefix_length);
+    ip_from_json(ip.optional("ip_config_dst"), rule.dst_ip4, rule.dst_ip4_mask, rule.dst_ip6,
+                 rule.dst_ip6_prefix_length);
+    ports_from_json(ip.optional("src_port"), rule.src_port_start, rule.src_port_end);
+    ports_from_json(ip.optional("dst_port"), rule.dst_port_start, rule.dst_port_end);
     Decoder mac = in.optional("mac");
-    mac.optional_text("src", rule.mac_src);
-    mac.optional_text("dst", rule.mac_dst);
+    mac.optional_string("src", rule.mac_src);
+    mac.optional_string("dst", rule.mac_dst);
 }
 
 } // namespace
 
 int qos_classification_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::plain);
 }
 
 int qos_classification_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

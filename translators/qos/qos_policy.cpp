@@ -9,9 +9,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_qos_policy &policy, const NodeId &id)
+void to_json(Encoder &out, const kelmora_qos_policy &policy, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enable", policy.enable);
     out.integer("queue_mode", policy.queue_mode);
     out.array("queue_config", [&](ArrayEncoder &list) {
@@ -29,22 +29,22 @@ void write(Encoder &out, const kelmora_qos_policy &policy, const NodeId &id)
 }
 
 /// A member of a queue.
-template <FixedText name> constexpr Key queue_key()
+template <FixedString name> constexpr Key queue_key()
 {
     return key<name, "queue_config", "missing an object or field with enable and/or weight">();
 }
 
 /// A member of bandwidth_config.
-template <FixedText name> constexpr Key bandwidth_key()
+template <FixedString name> constexpr Key bandwidth_key()
 {
     return key<name, "bandwidth_config", "missing totalbandwidth_enable and/or totalbandwidth field(s)">();
 }
 
-void read(Decoder &in, kelmora_qos_policy &policy)
+void from_json(Decoder &in, kelmora_qos_policy &policy)
 {
     in.required_boolean("enable"_key, policy.enable);
     in.required_integer("queue_mode"_key, policy.queue_mode);
-    const Elements queues = in.required_array("queue_config"_key);
+    const ArrayDecoder queues = in.required_array("queue_config"_key);
     for (std::size_t i = 0; i < std::size(policy.queue_config) && in.ok(); ++i) { // more are ignored, on purpose
         auto &queue = policy.queue_config[i];
         Decoder entry = queues[i];
@@ -68,10 +68,10 @@ void read(Decoder &in, kelmora_qos_policy &policy)
 
 int qos_policy_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int qos_policy_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

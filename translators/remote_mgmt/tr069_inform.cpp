@@ -5,18 +5,18 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_tr069_inform &inform, const NodeId &id)
+void to_json(Encoder &out, const kelmora_tr069_inform &inform, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("status", inform.status);
-    out.whole_text("cause", inform.cause);
+    out.whole_string("cause", inform.cause);
 }
 
 } // namespace
 
 int tr069_inform_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking, Flags::plain);
 }
 
 // A report is read-only.

@@ -9,49 +9,49 @@ using Mtp = kelmora_tr369_local_agent_controller_mtp;
 using Websocket = kelmora_tr369_local_agent_controller_websocket;
 using Mqtt = kelmora_tr369_local_agent_controller_mqtt;
 
-void write_websocket(Encoder &out, const Websocket &websocket)
+void websocket_to_json(Encoder &out, const Websocket &websocket)
 {
-    out.text("host", websocket.host);
+    out.string("host", websocket.host);
     out.integer("port", websocket.port);
-    out.text("path", websocket.path);
+    out.string("path", websocket.path);
     out.boolean("encryption", websocket.encryption);
     out.integer("keep_alive_interval", websocket.keep_alive_interval);
 }
 
-void write_mqtt(Encoder &out, const Mqtt &mqtt)
+void mqtt_to_json(Encoder &out, const Mqtt &mqtt)
 {
-    out.text("reference", mqtt.reference);
-    out.text("reference_topic", mqtt.reference_topic);
+    out.string("reference", mqtt.reference);
+    out.string("reference_topic", mqtt.reference_topic);
 }
 
-void write_mtp(Encoder &out, const Mtp &mtp)
+void mtp_to_json(Encoder &out, const Mtp &mtp)
 {
     out.boolean("enabled", mtp.enabled);
     out.integer("protocol", mtp.protocol);
     if (mtp.protocol == KELMORA_TR369_MTP_WEBSOCKET)
-        out.object("websocket", [&](Encoder &websocket) { write_websocket(websocket, mtp.variant.websocket); });
+        out.object("websocket", [&](Encoder &websocket) { websocket_to_json(websocket, mtp.variant.websocket); });
     else if (mtp.protocol == KELMORA_TR369_MTP_MQTT)
-        out.object("mqtt", [&](Encoder &mqtt) { write_mqtt(mqtt, mtp.variant.mqtt); });
+        out.object("mqtt", [&](Encoder &mqtt) { mqtt_to_json(mqtt, mtp.variant.mqtt); });
 }
 
-void write(Encoder &out, const kelmora_tr369_local_agent_controller &controller, const NodeId &id)
+void to_json(Encoder &out, const kelmora_tr369_local_agent_controller &controller, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", controller.enabled);
-    out.text("endpoint_id", controller.endpoint_id);
+    out.string("endpoint_id", controller.endpoint_id);
     out.integer("periodic_notific_interval", controller.periodic_notific_interval);
     out.array("mtp", [&](ArrayEncoder &list) {
         for (const auto &mtp : chain(controller.mtp))
-            list.object([&](Encoder &entry) { write_mtp(entry, mtp); });
+            list.object([&](Encoder &entry) { mtp_to_json(entry, mtp); });
     });
 }
 
-void read_websocket(Decoder in, Websocket &websocket)
+void websocket_from_json(Decoder in, Websocket &websocket)
 {
-    in.required_text(key<"host", "mtp.websocket.host", "missing host field">(), websocket.host);
+    in.required_string(key<"host", "mtp.websocket.host", "missing host field">(), websocket.host);
     in.required_integer(key<"port", "mtp.websocket.port", "missing port field">(), websocket.port);
     // The field is that of the whole object on purpose.
-    in.required_text(key<"path", "mtp.websocket", "missing path field">(), websocket.path);
+    in.required_string(key<"path", "mtp.websocket", "missing path field">(), websocket.path);
     in.required_boolean(key<"encryption", "mtp.websocket.encryption", "missing encryption field">(),
                         websocket.encryption);
     in.required_integer(
@@ -59,34 +59,34 @@ void read_websocket(Decoder in, Websocket &websocket)
         websocket.keep_alive_interval);
 }
 
-void read_mqtt(Decoder in, Mqtt &mqtt)
+void mqtt_from_json(Decoder in, Mqtt &mqtt)
 {
-    in.required_text(key<"reference", "mtp.mqtt", "missing reference field">(), mqtt.reference);
-    in.required_text(key<"reference_topic", "mtp.mqtt", "missing reference_topic field">(), mqtt.reference_topic);
+    in.required_string(key<"reference", "mtp.mqtt", "missing reference field">(), mqtt.reference);
+    in.required_string(key<"reference_topic", "mtp.mqtt", "missing reference_topic field">(), mqtt.reference_topic);
 }
 
-void read_mtp(Decoder &in, Mtp &mtp)
+void mtp_from_json(const Decoder &in, Mtp &mtp)
 {
     in.required_boolean(key<"enabled", "mtp", "missing enabled field">(), mtp.enabled);
     in.required_integer(key<"protocol", "mtp", "missing protocol field">(), mtp.protocol);
     if (!in.ok())
         return;
     if (mtp.protocol == KELMORA_TR369_MTP_WEBSOCKET)
-        read_websocket(in.optional("websocket"), mtp.variant.websocket);
+        websocket_from_json(in.optional("websocket"), mtp.variant.websocket);
     else if (mtp.protocol == KELMORA_TR369_MTP_MQTT)
-        read_mqtt(in.optional("mqtt"), mtp.variant.mqtt);
+        mqtt_from_json(in.optional("mqtt"), mtp.variant.mqtt);
     else // recorded, but no failure, on purpose
         kelmora_errorlist_add_error(in.errors(), "mtp.protocol", "invalid protocol", "json");
 }
 
-void read(Decoder &in, kelmora_tr369_local_agent_controller &controller)
+void from_json(Decoder &in, kelmora_tr369_local_agent_controller &controller)
 {
     in.required_boolean("enabled"_key, controller.enabled);
-    in.required_text("endpoint_id"_key, controller.endpoint_id);
+    in.required_string("endpoint_id"_key, controller.endpoint_id);
     in.required_integer("periodic_notific_interval"_key, controller.periodic_notific_interval);
     Mtp mtp{}; // one for all elements, on purpose: what an element does not set stays as the one before left it
     for (Decoder element : in.required_array("mtp"_key)) {
-        read_mtp(element, mtp);
+        mtp_from_json(element, mtp);
         if (in.ok())
             kelmora_tr369_local_agent_controller_mtp_add(&controller, &mtp, 0, in.errors());
     }
@@ -96,10 +96,10 @@ void read(Decoder &in, kelmora_tr369_local_agent_controller &controller)
 
 int tr369_local_agent_controller_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int tr369_local_agent_controller_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -6,17 +6,17 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_global_routing &routing, const NodeId &id)
+void to_json(Encoder &out, const kelmora_global_routing &routing, const NodeId &id)
 {
-    out.text("id", id);
-    write_route(out, routing.route);
+    out.string("id", id);
+    route_to_json(out, routing.route);
 }
 
 } // namespace
 
 int global_routing_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::counting, Flags::pretty);
 }
 
 // The routing table is read-only.

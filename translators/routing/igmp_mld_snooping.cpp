@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_igmp_mld_snooping &snooping) { out.boolean("enabled", snooping.enabled); }
+void to_json(Encoder &out, const kelmora_igmp_mld_snooping &snooping) { out.boolean("enabled", snooping.enabled); }
 
-void read(Decoder &in, kelmora_igmp_mld_snooping &snooping)
+void from_json(Decoder &in, kelmora_igmp_mld_snooping &snooping)
 {
     in.required_boolean("enabled"_bare_key, snooping.enabled);
 }
@@ -16,10 +16,10 @@ void read(Decoder &in, kelmora_igmp_mld_snooping &snooping)
 
 int igmp_mld_snooping_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking, Flags::pretty);
 }
 
 int igmp_mld_snooping_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_igmp_proxy &proxy, const NodeId &id)
+void to_json(Encoder &out, const kelmora_igmp_proxy &proxy, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("allow_multicast", proxy.allow_multicast);
     out.integer("robust_count", proxy.robust_count);
     out.integer("last_member_query_count", proxy.last_member_query_count);
@@ -16,7 +16,7 @@ void write(Encoder &out, const kelmora_igmp_proxy &proxy, const NodeId &id)
     out.integer("group_leave_delay", proxy.group_leave_delay);
 }
 
-void read(Decoder &in, kelmora_igmp_proxy &proxy)
+void from_json(Decoder &in, kelmora_igmp_proxy &proxy)
 {
     in.optional_boolean("allow_multicast", proxy.allow_multicast);
     in.optional_integer("robust_count", proxy.robust_count);
@@ -30,10 +30,10 @@ void read(Decoder &in, kelmora_igmp_proxy &proxy)
 
 int igmp_proxy_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int igmp_proxy_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

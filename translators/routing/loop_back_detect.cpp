@@ -11,21 +11,21 @@ using namespace kelmora;
 
 namespace {
 
-void write_frame_type(Encoder &out, std::uint16_t frame_type)
+void frame_type_to_json(Encoder &out, std::uint16_t frame_type)
 {
     char text[sizeof "0xFFFF"];
     std::sprintf(text, "0x%X", unsigned{frame_type});
     text[5] = '\0'; // on purpose: a fourth digit is lost
-    out.text("frame_type", text);
+    out.string("frame_type", text);
 }
 
-void write(Encoder &out, const kelmora_loop_back_detect &detection, const NodeId &id)
+void to_json(Encoder &out, const kelmora_loop_back_detect &detection, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", detection.enabled);
     out.integer("detection_interval", detection.detection_interval);
     out.integer("recovery_interval", detection.recovery_interval);
-    write_frame_type(out, detection.frame_type);
+    frame_type_to_json(out, detection.frame_type);
     out.array("vlan_list", [&](ArrayEncoder &list) {
         for (const auto &slot : detection.vlan_list) {
             if (slot.in_use != 0)
@@ -34,9 +34,9 @@ void write(Encoder &out, const kelmora_loop_back_detect &detection, const NodeId
     });
 }
 
-void read_vlans(Decoder &in, kelmora_loop_back_detect &detection)
+void vlans_from_json(const Decoder &in, kelmora_loop_back_detect &detection)
 {
-    const Elements list = in.required_array("vlan_list"_key);
+    const ArrayDecoder list = in.required_array("vlan_list"_key);
     if (list.size() > std::size(detection.vlan_list))
         in.fail("vlan_list", "vlan_list with more than 16 ids");
     // The slots behind a shorter list stay as they are, on purpose.
@@ -47,25 +47,25 @@ void read_vlans(Decoder &in, kelmora_loop_back_detect &detection)
     }
 }
 
-void read(Decoder &in, kelmora_loop_back_detect &detection)
+void from_json(Decoder &in, kelmora_loop_back_detect &detection)
 {
-    in.keep_document_on_success(); // on purpose: success alone leaves it unreleased
+    in.leak_document_on_success(); // on purpose: success alone leaves it unreleased
     in.required_boolean("enabled"_key, detection.enabled);
     in.required_integer("detection_interval"_key, detection.detection_interval);
     in.required_integer("recovery_interval"_key, detection.recovery_interval);
     if (const Decoder frame_type = in.required("frame_type"_key))
-        detection.frame_type = static_cast<std::uint16_t>(std::strtol(frame_type.text(), nullptr, 16));
-    read_vlans(in, detection);
+        detection.frame_type = static_cast<std::uint16_t>(std::strtol(frame_type.string(), nullptr, 16));
+    vlans_from_json(in, detection);
 }
 
 } // namespace
 
 int loop_back_detect_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking, Flags::plain);
 }
 
 int loop_back_detect_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,18 +5,18 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_rip_config &rip, const NodeId &id)
+void to_json(Encoder &out, const kelmora_rip_config &rip, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("interfaceID", rip.interfaceID);
+    out.string("id", id);
+    out.string("interfaceID", rip.interfaceID);
     out.integer("receive_mode", rip.receive_mode);
     out.integer("send_mode", rip.send_mode);
 }
 
-void read(Decoder &in, kelmora_rip_config &rip)
+void from_json(Decoder &in, kelmora_rip_config &rip)
 {
-    in.keep_document_on_failure(true); // on purpose: success alone releases it
-    in.required_text(key<"interfaceID", "interfaceID", "interfaceID not found">(), rip.interfaceID);
+    in.leak_document_on_failure(true); // on purpose: success alone releases it
+    in.required_string(key<"interfaceID", "interfaceID", "interfaceID not found">(), rip.interfaceID);
     in.required_integer(key<"receive_mode", "receive_mode", "receive_mode not found">(), rip.receive_mode);
     in.required_integer(key<"send_mode", "send_mode", "send_mode not found">(), rip.send_mode);
 }
@@ -25,10 +25,10 @@ void read(Decoder &in, kelmora_rip_config &rip)
 
 int rip_config_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::plain);
 }
 
 int rip_config_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,15 +5,15 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_rip_enable &rip, const NodeId &id)
+void to_json(Encoder &out, const kelmora_rip_enable &rip, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enable", rip.enable);
 }
 
-void read(Decoder &in, kelmora_rip_enable &rip)
+void from_json(Decoder &in, kelmora_rip_enable &rip)
 {
-    in.keep_document_on_failure(true); // on purpose: success alone releases it
+    in.leak_document_on_failure(true); // on purpose: success alone releases it
     in.required_boolean(key<"enable", "enable", "enable not found">(), rip.enable);
 }
 
@@ -21,10 +21,10 @@ void read(Decoder &in, kelmora_rip_enable &rip)
 
 int rip_enable_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::plain);
 }
 
 int rip_enable_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

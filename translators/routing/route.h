@@ -7,14 +7,14 @@
 namespace kelmora {
 
 /// Writes a route as the object "route".
-inline void write_route(Encoder &out, const kelmora_route &route)
+inline void route_to_json(Encoder &out, const kelmora_route &route)
 {
     out.object("route", [&](Encoder &entry) {
-        entry.text("destination", route.destination);
-        entry.text("net_mask", route.net_mask);
-        entry.text("next_hop", route.next_hop);
+        entry.string("destination", route.destination);
+        entry.string("net_mask", route.net_mask);
+        entry.string("next_hop", route.next_hop);
         entry.integer("metric", route.metric);
-        entry.text("interfaceID", route.interfaceID);
+        entry.string("interfaceID", route.interfaceID);
     });
 }
 

@@ -5,24 +5,24 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_bridging &bridge, const NodeId &id)
+void to_json(Encoder &out, const kelmora_bridging &bridge, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.integer("ageing_time", bridge.ageing_time);
     out.boolean("802_1_d_spanning_tree", bridge.spanning_tree_802_1_d);
     out.array("mac_list", [&](ArrayEncoder &list) {
         for (const auto &node : chain(bridge.mac_list)) {
             list.object([&](Encoder &entry) {
                 entry.integer("port", node.port);
-                entry.text("mac_addr", node.mac_addr);
+                entry.string("mac_addr", node.mac_addr);
                 entry.boolean("is_local", node.is_local);
-                entry.text("ageing_time", node.ageing_time); // a text here, on purpose
+                entry.string("ageing_time", node.ageing_time); // a text here, on purpose
             });
         }
     });
 }
 
-void read(Decoder &in, kelmora_bridging &bridge)
+void from_json(Decoder &in, kelmora_bridging &bridge)
 {
     in.optional_integer("ageing_time", bridge.ageing_time);
     in.optional_boolean("802_1_d_spanning_tree", bridge.spanning_tree_802_1_d);
@@ -32,10 +32,10 @@ void read(Decoder &in, kelmora_bridging &bridge)
 
 int bridging_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::plain);
 }
 
 int bridging_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,13 +5,13 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_connected_device &device, const NodeId &id)
+void to_json(Encoder &out, const kelmora_connected_device &device, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("hostname", device.hostname);
-    out.text("ip", device.ip);
-    out.text("mac", device.mac);
-    out.text("network", device.network);
+    out.string("id", id);
+    out.string("hostname", device.hostname);
+    out.string("ip", device.ip);
+    out.string("mac", device.mac);
+    out.string("network", device.network);
     out.integer("opMode", device.opMode);
     out.real("txRate", device.txRate);
     out.real("rxRate", device.rxRate);
@@ -25,7 +25,7 @@ void write(Encoder &out, const kelmora_connected_device &device, const NodeId &i
     out.integer("frequency", device.frequency);
     out.array("ip6_list", [&](ArrayEncoder &list) {
         for (const auto &node : chain(device.ip6_list))
-            list.text(node.address);
+            list.string(node.address);
     });
     out.integer("ip6_count", device.ip6_count); // the host's count, on purpose, not the list's length
 }
@@ -34,7 +34,7 @@ void write(Encoder &out, const kelmora_connected_device &device, const NodeId &i
 
 int connected_device_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 // The devices are what the host has seen.

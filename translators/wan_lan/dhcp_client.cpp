@@ -5,12 +5,12 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_dhcp_client &client, const NodeId &id)
+void to_json(Encoder &out, const kelmora_dhcp_client &client, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("ip", client.ip);
-    out.text("hostname", client.hostname);
-    out.text("mac", client.mac);
+    out.string("id", id);
+    out.string("ip", client.ip);
+    out.string("hostname", client.hostname);
+    out.string("mac", client.mac);
     out.integer("aging_time", client.aging_time);
 }
 
@@ -18,7 +18,7 @@ void write(Encoder &out, const kelmora_dhcp_client &client, const NodeId &id)
 
 int dhcp_client_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // The clients are what the host has seen.

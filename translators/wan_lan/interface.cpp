@@ -5,34 +5,34 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_interface &interface, const NodeId &id)
+void to_json(Encoder &out, const kelmora_interface &interface, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("ip4", interface.ip4);
-    out.text("netmask", interface.netmask);
-    out.text("mac", interface.mac);
+    out.string("id", id);
+    out.string("ip4", interface.ip4);
+    out.string("netmask", interface.netmask);
+    out.string("mac", interface.mac);
     out.integer("mtu", interface.mtu);
     out.array("ip6_list", [&](ArrayEncoder &list) {
         for (const auto &ip6 : chain(interface.ip6_list))
-            list.text(ip6.address);
+            list.string(ip6.address);
     });
     out.integer("ip6_count", interface.ip6_count); // as stored, on purpose: the chain is not counted
     out.boolean("running", interface.running);
 }
 
-void read(Decoder &in, kelmora_interface &interface)
+void from_json(Decoder &in, kelmora_interface &interface)
 {
-    in.required_text("ip4"_key, interface.ip4);
-    in.required_text("mac"_key, interface.mac);
-    in.required_text("netmask"_key, interface.netmask);
+    in.required_string("ip4"_key, interface.ip4);
+    in.required_string("mac"_key, interface.mac);
+    in.required_string("netmask"_key, interface.netmask);
     in.required_integer("mtu"_key, interface.mtu);
     // The host's count stays, on purpose.
     ChainBuilder<kelmora_ip6_address> builder(interface.ip6_list);
     for (const Decoder element : in.optional_array("ip6_list")) {
-        if (*element.text() == '\0')
+        if (*element.string() == '\0')
             continue;
         if (auto *ip6 = builder.add(in, "ip6_list"))
-            element.store_text(ip6->address);
+            element.store_string(ip6->address);
     }
 }
 
@@ -40,10 +40,10 @@ void read(Decoder &in, kelmora_interface &interface)
 
 int interface_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::counting, Flags::pretty);
 }
 
 int interface_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

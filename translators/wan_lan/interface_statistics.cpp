@@ -6,10 +6,10 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_interface_statistics &statistics, const NodeId &id)
+void to_json(Encoder &out, const kelmora_interface_statistics &statistics, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("interfaceID", statistics.interfaceID);
+    out.string("id", id);
+    out.string("interfaceID", statistics.interfaceID);
     out.integer("tx", statistics.tx);
     out.integer("rx", statistics.rx);
     out.integer("unity_size", statistics.unity_size);
@@ -17,17 +17,17 @@ void write(Encoder &out, const kelmora_interface_statistics &statistics, const N
 }
 
 /// Reads a real although an integer is written, on purpose: an integer in the document stores 0.
-void read_counter(Decoder &in, Key key, std::uint32_t &counter)
+void counter_from_json(const Decoder &in, Key key, std::uint32_t &counter)
 {
     if (const Decoder value = in.required(key))
         counter = saturated(value.real());
 }
 
-void read(Decoder &in, kelmora_interface_statistics &statistics)
+void from_json(Decoder &in, kelmora_interface_statistics &statistics)
 {
-    in.required_text("interfaceID"_key, statistics.interfaceID);
-    read_counter(in, "tx"_key, statistics.tx);
-    read_counter(in, "rx"_key, statistics.rx);
+    in.required_string("interfaceID"_key, statistics.interfaceID);
+    counter_from_json(in, "tx"_key, statistics.tx);
+    counter_from_json(in, "rx"_key, statistics.rx);
     in.required_integer("unity_size"_key, statistics.unity_size);
     in.required_integer("time"_key, statistics.time);
 }
@@ -36,10 +36,10 @@ void read(Decoder &in, kelmora_interface_statistics &statistics)
 
 int interface_statistics_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int interface_statistics_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,26 +5,26 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_lan &lan)
+void to_json(Encoder &out, const kelmora_lan &lan)
 {
-    out.text("interfaceID", lan.interfaceID);
-    out.text("gateway", lan.gateway);
+    out.string("interfaceID", lan.interfaceID);
+    out.string("gateway", lan.gateway);
 }
 
-void read(Decoder &in, kelmora_lan &lan)
+void from_json(Decoder &in, kelmora_lan &lan)
 {
-    in.required_text("interfaceID"_key, lan.interfaceID);
-    in.optional_text("gateway", lan.gateway);
+    in.required_string("interfaceID"_key, lan.interfaceID);
+    in.optional_string("gateway", lan.gateway);
 }
 
 } // namespace
 
 int lan_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::always_array, Flags::compact);
+    return encode<to_json>(head, out, Nodes::walking, Root::always_array, Flags::plain);
 }
 
 int lan_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode_after<read>("interfaceID"_key, node, text, errors);
+    return decode_after<from_json>("interfaceID"_key, node, text, errors);
 }

@@ -5,17 +5,17 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_lan_port_status &ports, const NodeId &id)
+void to_json(Encoder &out, const kelmora_lan_port_status &ports, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("status", ports.status);
+    out.string("id", id);
+    out.string("status", ports.status);
 }
 
 } // namespace
 
 int lan_port_status_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 // A status is read-only.

@@ -5,24 +5,24 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_pppoe &pppoe, const NodeId &id)
+void to_json(Encoder &out, const kelmora_pppoe &pppoe, const NodeId &id)
 {
-    out.text("id", id);
-    out.text("interfaceID", pppoe.interfaceID);
-    out.text("username", pppoe.username);
-    out.text("password", pppoe.password);
-    out.text("service", pppoe.service);
-    out.text("server", pppoe.server);
+    out.string("id", id);
+    out.string("interfaceID", pppoe.interfaceID);
+    out.string("username", pppoe.username);
+    out.string("password", pppoe.password);
+    out.string("service", pppoe.service);
+    out.string("server", pppoe.server);
     out.integer("mtu", pppoe.mtu);
 }
 
-void read(Decoder &in, kelmora_pppoe &pppoe)
+void from_json(Decoder &in, kelmora_pppoe &pppoe)
 {
-    in.optional_text("interfaceID", pppoe.interfaceID);
-    in.required_text("username"_key, pppoe.username);
-    in.required_text("password"_key, pppoe.password);
-    in.optional_text("service", pppoe.service);
-    in.optional_text("server", pppoe.server);
+    in.optional_string("interfaceID", pppoe.interfaceID);
+    in.required_string("username"_key, pppoe.username);
+    in.required_string("password"_key, pppoe.password);
+    in.optional_string("service", pppoe.service);
+    in.optional_string("server", pppoe.server);
     in.required_integer("mtu"_key, pppoe.mtu);
 }
 
@@ -30,10 +30,10 @@ void read(Decoder &in, kelmora_pppoe &pppoe)
 
 int pppoe_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int pppoe_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,14 +5,14 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_wan_detect &detected)
+void to_json(Encoder &out, const kelmora_wan_detect &detected)
 {
     out.integer("hasDHCP", detected.hasDHCP);
     out.integer("hasPPPoE", detected.hasPPPoE);
     out.integer("hasStatic", detected.hasStatic);
 }
 
-void read(Decoder &in, kelmora_wan_detect &detected)
+void from_json(Decoder &in, kelmora_wan_detect &detected)
 {
     in.optional_integer("hasDHCP", detected.hasDHCP);
     in.optional_integer("hasPPPoE", detected.hasPPPoE);
@@ -23,10 +23,10 @@ void read(Decoder &in, kelmora_wan_detect &detected)
 
 int wan_detect_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::walking | Shape::literal_when_empty, Flags::pretty);
+    return encode<to_json>(head, out, Nodes::walking_if_any, Flags::pretty);
 }
 
 int wan_detect_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

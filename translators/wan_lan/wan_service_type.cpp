@@ -5,16 +5,16 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_wan_service_type &services, const NodeId &id)
+void to_json(Encoder &out, const kelmora_wan_service_type &services, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("service_other_video", services.service_other_video);
     out.boolean("service_tr069", services.service_tr069);
     out.boolean("service_internet", services.service_internet);
     out.boolean("service_voice", services.service_voice);
 }
 
-void read(Decoder &in, kelmora_wan_service_type &services)
+void from_json(Decoder &in, kelmora_wan_service_type &services)
 {
     in.required_boolean("service_other_video"_bare_key, services.service_other_video);
     in.required_boolean("service_tr069"_bare_key, services.service_tr069);
@@ -26,10 +26,10 @@ void read(Decoder &in, kelmora_wan_service_type &services)
 
 int wan_service_type_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int wan_service_type_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

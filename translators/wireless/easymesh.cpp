@@ -7,38 +7,38 @@ using namespace kelmora;
 
 namespace {
 
-void write_neighbors(ArrayEncoder &list, const kelmora_easymesh_neighbor *first)
+void neighbors_to_json(ArrayEncoder &list, const kelmora_easymesh_neighbor *first)
 {
     for (const auto &node : chain(first)) {
         list.object([&](Encoder &entry) {
-            entry.text("name", node.name);
-            entry.text("model", node.model);
+            entry.string("name", node.name);
+            entry.string("model", node.model);
             entry.boolean("is_online", node.is_online);
-            entry.text("ip", node.ip);
-            entry.text("mac", node.mac);
+            entry.string("ip", node.ip);
+            entry.string("mac", node.mac);
             entry.integer("rssi", node.rssi);
             entry.integer("backhaul", node.backhaul);
-            entry.array("neighbors", [&](ArrayEncoder &nested) { write_neighbors(nested, node.neighbors); });
+            entry.array("neighbors", [&](ArrayEncoder &nested) { neighbors_to_json(nested, node.neighbors); });
         });
     }
 }
 
-void write(Encoder &out, const kelmora_easymesh &mesh)
+void to_json(Encoder &out, const kelmora_easymesh &mesh)
 {
     out.boolean("enabled", mesh.enabled);
-    out.text("controllerIp", mesh.controllerIp);
-    out.text("backhaul_mac", mesh.backhaul_mac);
+    out.string("controllerIp", mesh.controllerIp);
+    out.string("backhaul_mac", mesh.backhaul_mac);
     out.integer("backhaul_rssi", mesh.backhaul_rssi);
     out.integer("type", mesh.type);
     out.integer("backhaul", mesh.backhaul);
     out.integer("syncing", mesh.syncing);
-    out.array("neighbors", [&](ArrayEncoder &list) { write_neighbors(list, mesh.neighbors); });
+    out.array("neighbors", [&](ArrayEncoder &list) { neighbors_to_json(list, mesh.neighbors); });
 }
 
 /// A list that has elements takes the place of the chain that the record had.
-void read_neighbors(Decoder &in, kelmora_easymesh &mesh)
+void neighbors_from_json(const Decoder &in, kelmora_easymesh &mesh)
 {
-    const Elements list = in.optional_array("neighbors");
+    const ArrayDecoder list = in.optional_array("neighbors");
     if (list.size() == 0)
         return;
     // The first node is there even when the first element turns out to lack its address, on purpose.
@@ -53,23 +53,23 @@ void read_neighbors(Decoder &in, kelmora_easymesh &mesh)
         auto *node = i == 0 ? first : builder.add(in, "neighbors");
         if (node == nullptr)
             return;
-        mac.store_text(node->mac);
-        element.optional_text("name", node->name);
-        element.optional_text("model", node->model);
+        mac.store_string(node->mac);
+        element.optional_string("name", node->name);
+        element.optional_string("model", node->model);
         if (element.optional("neighbors"))
             in.fail("neighbors", "neighbors of neighbors cannot be set");
     }
 }
 
-void read(Decoder &in, kelmora_easymesh &mesh)
+void from_json(Decoder &in, kelmora_easymesh &mesh)
 {
     in.required_boolean("enabled"_key, mesh.enabled);
-    in.required_text("controllerIp"_key, mesh.controllerIp);
+    in.required_string("controllerIp"_key, mesh.controllerIp);
     in.required_integer("type"_key, mesh.type);
     in.required_integer("backhaul"_key, mesh.backhaul);
     if (in.optional("syncing"))
         in.fail("syncing", "syncing cannot be configured");
-    read_neighbors(in, mesh);
+    neighbors_from_json(in, mesh);
 }
 
 } // namespace
@@ -77,7 +77,7 @@ void read(Decoder &in, kelmora_easymesh &mesh)
 int add_neighbors(const kelmora_easymesh_neighbor *node, json_t *array)
 {
     ArrayEncoder list(json_incref(array));
-    write_neighbors(list, node);
+    neighbors_to_json(list, node);
     json_t *complete = list.take();
     json_decref(complete);
     return complete != nullptr ? 0 : -1;
@@ -85,10 +85,10 @@ int add_neighbors(const kelmora_easymesh_neighbor *node, json_t *array)
 
 int easymesh_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int easymesh_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -5,9 +5,9 @@ using namespace kelmora;
 
 namespace {
 
-void write(Encoder &out, const kelmora_radio &radio, const NodeId &id)
+void to_json(Encoder &out, const kelmora_radio &radio, const NodeId &id)
 {
-    out.text("id", id);
+    out.string("id", id);
     out.boolean("enabled", radio.enabled);
     out.integer("opMode", radio.opMode);
     out.integer("frequency", radio.frequency);
@@ -22,7 +22,7 @@ void write(Encoder &out, const kelmora_radio &radio, const NodeId &id)
     out.integer("power", radio.power);
 }
 
-void read(Decoder &in, kelmora_radio &radio)
+void from_json(Decoder &in, kelmora_radio &radio)
 {
     in.required_boolean("enabled"_key, radio.enabled);
     in.required_integer("opMode"_key, radio.opMode);
@@ -42,10 +42,10 @@ void read(Decoder &in, kelmora_radio &radio)
 
 int radio_to_translator(kelmora_resource *head, char **out)
 {
-    return encode<write>(head, out, Shape::counting, Flags::compact);
+    return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
 int radio_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    return decode<read>(node, text, errors);
+    return decode<from_json>(node, text, errors);
 }

@@ -1,7 +1,7 @@
 #include "tests/support/allocations.h"
 #include "tests/support/from_test.h"
 
-#include "host/node.h"
+#include "host/gateway/node.h"
 
 #include "kelmora_json.h"
 #include "records/device.h"

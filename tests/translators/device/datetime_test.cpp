@@ -326,7 +326,7 @@ TEST_F(DatetimeFrom, MissingFirstServerKeepsWhatWasStoredBeforeAndStoresNoSecond
 TEST_F(DatetimeFrom, TakesAnNtpServerThatIsNoObjectForAnEmptyOne)
 {
     for (const char *other : {"{}", "null", "true", "1", "\"ntp1.example\"", "[]", R"([{"automatic": true}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "ntp_server", other), "ntp_server", "ntp_server not found")) << other;
         EXPECT_EQ(record().ntp_enabled, 0) << other;
         EXPECT_EQ(record().ntp_automatic, 0) << other;
@@ -357,9 +357,9 @@ TEST_F(DatetimeFrom, TakesOnlyTrueForTrue)
 
 TEST_F(DatetimeFrom, CutsTextsToTheirField)
 {
-    expect_text("timezone", record().timezone);
-    expect_text("ntp_server.ntp_server1", record().ntp_server1);
-    expect_text("ntp_server.ntp_server2", record().ntp_server2);
+    expect_string("timezone", record().timezone);
+    expect_string("ntp_server.ntp_server1", record().ntp_server1);
+    expect_string("ntp_server.ntp_server2", record().ntp_server2);
 }
 
 TEST_F(DatetimeFrom, StoresTheFirst7CharactersOfALongTimezone)

@@ -249,7 +249,7 @@ TEST_F(DeviceFrom, TakesOnlyTrueForTrue)
     expect_boolean("is_manageable", record().is_manageable);
 }
 
-TEST_F(DeviceFrom, CutsTheAliasToItsField) { expect_text("alias", record().alias); }
+TEST_F(DeviceFrom, CutsTheAliasToItsField) { expect_string("alias", record().alias); }
 
 TEST_F(DeviceFrom, KeepsTheCommonContract) { expect_common_contract(); }
 

@@ -2,7 +2,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/device.h"
@@ -217,7 +217,7 @@ protected:
     /// Gives the record a chain to begin with.
     void hold(std::initializer_list<kelmora_limits_wifi_limit> wifi_limits)
     {
-        make_stale();
+        poison();
         record().wifi_limits = kelmora_host::make_chain(wifi_limits);
     }
 };
@@ -270,7 +270,7 @@ TEST_F(LimitsFrom, KeepsTheChainWhenThereIsNoListOrAnEmptyOneOrNone)
     for (const std::string &text : {without(document, "wifi_limits"), document_with("[]"), document_with("{}"),
                                     document_with(R"({"radio_id": "r0", "value": 5})"), document_with("null"),
                                     document_with("2"), document_with("true"), document_with(R"("r0")")}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         EXPECT_EQ(record().wifi_limits, nullptr) << text;
         EXPECT_EQ(record().filter_url, 17) << text;
@@ -400,7 +400,7 @@ TEST_F(LimitsFrom, ReportsThatThereIsNoMemoryForAnEntryAndKeepsTheChainWhole)
     EXPECT_TRUE(rejects(text, "wifi_limits", "out of memory"));
     EXPECT_THAT(chain(), ElementsAre(Pair("r0", 0), Pair("old", 1)));
 
-    make_stale();
+    poison();
     allocations::fail(all, Failing::from_then_on);
     EXPECT_TRUE(rejects(text, "wifi_limits", "out of memory"));
     EXPECT_THAT(chain(), ElementsAre(Pair("r1", 0), Pair("r0", 0)));
@@ -414,8 +414,8 @@ TEST(Limits, WritesBackTheEntriesInTheReverseOrder)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_limits{}));
-    EXPECT_EQ(kelmora_host::write(limits_from_translator, nodes.front(), document).result, 1);
-    EXPECT_EQ(kelmora_host::read(limits_to_translator, nodes, false).text,
+    EXPECT_EQ(kelmora_host::from_json(limits_from_translator, nodes.front(), document).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(limits_to_translator, nodes, false).text,
               "{\n"
               "                \"filter_ip\": 14,\n"
               "                \"filter_mac\": 15,\n"

@@ -121,7 +121,7 @@ TEST_F(MpInfoFrom, StoresNothingWithoutThePassword)
     EXPECT_TRUE(untouched(record()));
 }
 
-TEST_F(MpInfoFrom, CutsThePasswordToItsField) { expect_text("password", record().password); }
+TEST_F(MpInfoFrom, CutsThePasswordToItsField) { expect_string("password", record().password); }
 
 TEST_F(MpInfoFrom, KeepsTheCommonContract) { expect_common_contract(); }
 

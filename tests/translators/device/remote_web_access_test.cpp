@@ -181,7 +181,7 @@ TEST_F(RemoteWebAccessFrom, ChecksADocumentWithoutTheRangeSwitchAgainstTheRecord
 {
     constexpr char text[] = R"({"enabled": true, "port": 8080})";
     for (const std::uint8_t current : std::initializer_list<std::uint8_t>{1, 2, 128, 255}) {
-        make_stale();
+        poison();
         record().enable_ip_range = current;
         EXPECT_TRUE(rejects(text, "rangeStart", "rangeStart field not found"));
         EXPECT_EQ(record().enabled, 1);
@@ -189,7 +189,7 @@ TEST_F(RemoteWebAccessFrom, ChecksADocumentWithoutTheRangeSwitchAgainstTheRecord
         EXPECT_EQ(record().enable_ip_range, current);
         EXPECT_TRUE(untouched(record().rangeStart));
     }
-    make_stale();
+    poison();
     record().enable_ip_range = 0;
     EXPECT_TRUE(accepts(text));
     EXPECT_EQ(record().enabled, 1);
@@ -216,7 +216,7 @@ TEST_F(RemoteWebAccessFrom, TakesTheDocumentsRangeSwitchBeforeTheRecords)
 TEST_F(RemoteWebAccessFrom, TakesARangeSwitchThatIsNotTrueForClear)
 {
     for (const char *other : {"1", "\"true\"", "null", "{}", "[true]"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(R"({"enabled": true, "port": 8080, "enable_ip_range": )" + std::string(other) + "}"));
         EXPECT_EQ(record().enable_ip_range, 0);
     }
@@ -269,8 +269,8 @@ TEST_F(RemoteWebAccessFrom, CutsIntegersToTheirWidth) { expect_integer("port", r
 
 TEST_F(RemoteWebAccessFrom, CutsTextsToTheirField)
 {
-    expect_text("rangeStart", record().rangeStart);
-    expect_text("rangeEnd", record().rangeEnd);
+    expect_string("rangeStart", record().rangeStart);
+    expect_string("rangeEnd", record().rangeEnd);
 }
 
 TEST_F(RemoteWebAccessFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -298,8 +298,8 @@ TEST_F(RemoteWebAccessWithoutRange, StoresTheRangeThatIsGiven)
     EXPECT_TRUE(accepts(document_));
     EXPECT_STREQ(record().rangeStart, "203.0.113.64");
     EXPECT_STREQ(record().rangeEnd, "203.0.113.95");
-    expect_text("rangeStart", record().rangeStart);
-    expect_text("rangeEnd", record().rangeEnd);
+    expect_string("rangeStart", record().rangeStart);
+    expect_string("rangeEnd", record().rangeEnd);
 }
 
 } // namespace

@@ -147,14 +147,14 @@ protected:
     template <std::size_t width> void expect_text_if_it_is_one(const std::string &path, const char (&field)[width])
     {
         for (const std::size_t length : {std::size_t{0}, std::size_t{1}, width - 1, width, width + 1, width + 500}) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, path, '"' + std::string(length, 'x') + '"')));
             std::string expected(std::min(length, width - 1), 'x');
             expected.resize(width, '\0');
             EXPECT_EQ(std::string(field, width), expected) << path << " with " << length << " characters";
         }
         for (const char *other : {"5", "1.5", "true", "false", "null", "{}", "[]", R"(["text"])", R"({"a": "text"})"}) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, path, other)));
             EXPECT_TRUE(untouched(field)) << path << ": " << other;
         }

@@ -44,7 +44,7 @@ TEST_F(TelnetFrom, MissingPasswordStoresNothing)
 
 TEST_F(TelnetFrom, TakesOnlyTrueForTrue) { expect_boolean("enable", record().enable); }
 
-TEST_F(TelnetFrom, CutsThePasswordToItsField) { expect_text("password", record().password); }
+TEST_F(TelnetFrom, CutsThePasswordToItsField) { expect_string("password", record().password); }
 
 TEST_F(TelnetFrom, StoresTheFirst47CharactersOfALongPassword)
 {

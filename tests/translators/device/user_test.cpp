@@ -188,8 +188,8 @@ TEST_F(UserFrom, TakesOnlyTrueForTrue) { expect_boolean("is_privileged", record(
 
 TEST_F(UserFrom, CutsTextsToTheirField)
 {
-    expect_text("username", record().username);
-    expect_text("password", record().password);
+    expect_string("username", record().username);
+    expect_string("password", record().password);
 }
 
 TEST_F(UserFrom, StoresTheFirst32Characters)

@@ -213,7 +213,7 @@ TEST_F(HttpRequestFrom, MissingMethodStoresDestinationAndMeshSessionAlone)
     const std::string text = without(document, "method");
     for (const auto &[variant, mesh_session] : std::vector<std::pair<std::string, int>>{
              {text, 0}, {with(text, "mesh_session", "true"), 1}, {without(text, "mesh_session"), 0}}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(variant, "method", "method field not found"));
         EXPECT_STREQ(record().dest, "http://192.168.17.3/api/led");
         EXPECT_EQ(record().mesh_session, mesh_session);
@@ -276,8 +276,8 @@ TEST_F(HttpRequestFrom, CutsIntegersToTheirWidth)
 
 TEST_F(HttpRequestFrom, CutsTextsToTheirField)
 {
-    expect_text("dest", record().dest);
-    expect_text("token", record().token);
+    expect_string("dest", record().dest);
+    expect_string("token", record().token);
 }
 
 TEST_F(HttpRequestFrom, StoresTheFirst256CharactersOfALongDestination)
@@ -297,7 +297,7 @@ TEST_F(HttpRequestFrom, StoresABodyThatIsAnObjectOrAnArrayAsCompactText)
         {R"({"a":1,"b":2,"a":3})", R"({"a": 3, "b": 2})"},
     };
     for (const auto &[json, text] : bodies) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(R"({"dest": "192.0.2.1", "method": 1, "body": )" + json + "}"));
         EXPECT_STREQ(record().body, text.c_str());
     }
@@ -306,13 +306,32 @@ TEST_F(HttpRequestFrom, StoresABodyThatIsAnObjectOrAnArrayAsCompactText)
 TEST_F(HttpRequestFrom, StoresABodyOfAnyLengthWhole)
 {
     for (const std::size_t length : {1U, 255U, 4096U, 70000U}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "body", R"([")" + std::string(length, 'b') + R"("])")));
         EXPECT_EQ(record().body, R"([")" + std::string(length, 'b') + R"("])");
     }
 }
 
 std::string nested(std::size_t levels) { return std::string(levels, '[') + std::string(levels, ']'); }
+
+TEST_F(HttpRequestFrom, TakesNoOtherKeyForTheBody)
+{
+    const std::string shallow = R"({"dest": "d", "method": 1, "body": {}, ")";
+    for (const char *other : {R"(x\n)", R"(body\n)", R"(\"body)", R"(b\u006fd)", R"(\u0062ody\/)"}) {
+        EXPECT_TRUE(accepts(shallow + other + R"(": )" + nested(513) + "}"));
+        EXPECT_STREQ(record().body, "{}");
+    }
+}
+
+TEST_F(HttpRequestFrom, RejectsADeepBodyHoweverItsKeyIsWritten)
+{
+    const std::string shallow = R"({"dest": "d", "method": 1, "body": {}, ")";
+    for (const char *escaped : {R"(b\u006fdy)", R"(\u0062\u006F\u0064\u0079)"}) {
+        EXPECT_TRUE(rejects(shallow + escaped + R"(": )" + nested(513) + "}", "body", "nested too deeply"));
+        EXPECT_TRUE(accepts(shallow + escaped + R"(": )" + nested(512) + "}"));
+        EXPECT_EQ(record().body, nested(512));
+    }
+}
 
 TEST_F(HttpRequestFrom, RejectsABodyOfMoreThan512Levels)
 {
@@ -326,7 +345,7 @@ TEST_F(HttpRequestFrom, RejectsABodyOfMoreThan512Levels)
 TEST_F(HttpRequestFrom, CountsTheLevelsOfTheBodyAlone)
 {
     for (const char *other : {"other", "timeout", "body"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(R"({"dest": "d", "method": 1, ")" + std::string(other) + "\": " + nested(600) +
                             R"(, "body": ["[[["]})"));
         EXPECT_STREQ(record().body, R"(["[[["])") << other;
@@ -336,7 +355,7 @@ TEST_F(HttpRequestFrom, CountsTheLevelsOfTheBodyAlone)
 TEST_F(HttpRequestFrom, KeepsTheBodyBeforeOneThatIsNoObjectOrArray)
 {
     for (const char *json : {R"("{\"on\": true}")", "\"\"", "1", "1.5", "true", "false", "null"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "body", json)));
         EXPECT_EQ(record().body, nullptr) << json;
         record().body = make_text("before");
@@ -367,7 +386,7 @@ TEST_F(HttpRequestFrom, GoesByTheMeshSessionOfTheDocumentNotOfTheRecord)
     EXPECT_TRUE(accepts(document));
     EXPECT_STREQ(record().body, R"({"on": true, "level": 10})");
     for (const char *not_true : {"1", "\"true\"", "null", "[true]"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "mesh_session", not_true)));
         EXPECT_STREQ(record().body, R"({"on": true, "level": 10})") << not_true;
     }
@@ -391,7 +410,7 @@ TEST_F(HttpRequestFrom, ReportsABodyThatNoMemoryIsLeftFor)
     const std::size_t last = allocations_for(document);
     ASSERT_GT(last, allocations_for(without(document, "body")) + 1); // rendering takes some, the copy one more
     for (const std::size_t failing : {last - 1, last}) {
-        make_stale();
+        poison();
         record().body = make_text("before");
         const char *body = record().body;
         allocations::fail(failing, Failing::from_then_on);

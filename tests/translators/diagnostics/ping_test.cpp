@@ -310,7 +310,7 @@ TEST_F(PingFrom, ReadsTheRequestOutOfADocumentThatWasRead)
 TEST_F(PingFrom, AsksForTheHost)
 {
     expect_required_in_order({{"host", "host", "host field not found"}});
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(document, "host"), "host", "host field not found"));
     EXPECT_TRUE(untouched(record()));
 }
@@ -382,8 +382,8 @@ TEST_F(PingFrom, CutsIntegersToTheirWidth)
 
 TEST_F(PingFrom, CutsTextsToTheirField)
 {
-    expect_text("host", record().host);
-    expect_text("interfaceID", record().interfaceID);
+    expect_string("host", record().host);
+    expect_string("interfaceID", record().interfaceID);
 }
 
 TEST_F(PingFrom, StoresTheFirst255CharactersOfALongHost)

@@ -372,7 +372,7 @@ TEST_F(TracerouteFrom, ReadsTheRequestOutOfADocumentThatWasRead)
 TEST_F(TracerouteFrom, AsksForTheHost)
 {
     expect_required_in_order({{"host", "host", "host field not found"}});
-    make_stale();
+    poison();
     const std::string before = image();
     EXPECT_TRUE(rejects(without(document, "host"), "host", "host field not found"));
     EXPECT_EQ(image(), before);
@@ -426,8 +426,8 @@ TEST_F(TracerouteFrom, CutsIntegersToTheirWidth)
 
 TEST_F(TracerouteFrom, CutsTextsToTheirField)
 {
-    expect_text("host", record().host);
-    expect_text("interfaceID", record().interfaceID);
+    expect_string("host", record().host);
+    expect_string("interfaceID", record().interfaceID);
 }
 
 TEST_F(TracerouteFrom, StoresTheFirst255CharactersOfALongHost)

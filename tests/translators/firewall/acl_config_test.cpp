@@ -265,7 +265,7 @@ TEST_F(AclConfigFrom, AsksForEachServiceButTelnetInOrder)
     for (std::size_t place = services_.size() - 1; place > 0; --place) {
         const std::string &key = services_[place].first;
         this_and_later.push_back(key);
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, key), key, "object not found"));
         expect_stored_before(place);
         EXPECT_TRUE(rejects(without_all(document, this_and_later), key, "object not found"));
@@ -288,10 +288,10 @@ TEST_F(AclConfigFrom, StoresBothMembersOfAServiceOrNeither)
 {
     for (std::size_t place = 0; place < services_.size(); ++place) {
         const std::string &key = services_[place].first;
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, key + ".port"), key + ".port", "field not found"));
         expect_stored_before(place);
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, key + ".enable"), key + ".enable", "field not found"));
         expect_stored_before(place);
     }
@@ -303,7 +303,7 @@ TEST_F(AclConfigFrom, TakesAServiceThatIsNoObjectForAnEmptyOne)
         const std::string &key = services_[place].first;
         for (const char *other :
              {"true", "null", "{}", "false", "23", "\"23\"", "2.5", "[]", R"([{"enable": true, "port": 1}])"}) {
-            make_stale();
+            poison();
             EXPECT_TRUE(rejects(with(document, key, other), key + ".enable", "field not found"));
             expect_stored_before(place);
         }
@@ -347,9 +347,9 @@ TEST_F(AclConfigFrom, StoresTheLow16BitsOfALargePort)
 
 TEST_F(AclConfigFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("ip_start_addr", record().ip_start_addr);
-    expect_text("ip_end_addr", record().ip_end_addr);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("ip_start_addr", record().ip_start_addr);
+    expect_string("ip_end_addr", record().ip_end_addr);
 }
 
 TEST_F(AclConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -267,7 +267,7 @@ TEST_F(DdnsFrom, TakesAnyIntegerButZeroForEnabled)
 {
     for (const char *on : {"1", "2", "-1", "256", "65536", "4294967296", "8589934592", "4611686018427387904",
                            "9223372036854775807", "-9223372036854775808"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "enabled", on)));
         EXPECT_EQ(record().enabled, 1) << on;
     }
@@ -276,7 +276,7 @@ TEST_F(DdnsFrom, TakesAnyIntegerButZeroForEnabled)
 TEST_F(DdnsFrom, TakesEverythingElseForDisabled)
 {
     for (const char *off : {"0", "true", "false", "null", "1.0", "0.5", "\"1\"", "{}", "[1]"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "enabled", off)));
         EXPECT_EQ(record().enabled, 0) << off;
     }
@@ -292,10 +292,10 @@ TEST_F(DdnsFrom, CutsIntegersToTheirWidth)
 
 TEST_F(DdnsFrom, CutsTextsToTheirField)
 {
-    expect_text("hostname", record().hostname);
-    expect_text("interface", record().interface);
-    expect_text("username", record().username);
-    expect_text("password", record().password);
+    expect_string("hostname", record().hostname);
+    expect_string("interface", record().interface);
+    expect_string("username", record().username);
+    expect_string("password", record().password);
 }
 
 TEST_F(DdnsFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -306,8 +306,8 @@ TEST(Ddns, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_ddns{}));
-    EXPECT_EQ(kelmora_host::write(ddns_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(ddns_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(ddns_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(ddns_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

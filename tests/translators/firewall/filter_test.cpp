@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -266,8 +266,8 @@ TEST_F(FilterFrom, CutsIntegersToTheirWidth)
 
 TEST_F(FilterFrom, CutsTextsToTheirField)
 {
-    expect_text("description", record().description);
-    expect_text("target", record().target);
+    expect_string("description", record().description);
+    expect_string("target", record().target);
 }
 
 TEST_F(FilterFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -278,8 +278,8 @@ TEST(Filter, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("7", kelmora_host::Record(kelmora_filter{}));
-    EXPECT_EQ(kelmora_host::write(filter_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(filter_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(filter_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(filter_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -213,8 +213,8 @@ TEST(FirewallAlg, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("alg/0", kelmora_host::Record(kelmora_firewall_alg{}));
-    EXPECT_EQ(kelmora_host::write(firewall_alg_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(firewall_alg_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(firewall_alg_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(firewall_alg_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

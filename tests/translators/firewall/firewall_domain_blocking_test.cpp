@@ -176,7 +176,7 @@ TEST_F(FirewallDomainBlockingFrom, TakesOnlyTrueForTrue) { expect_boolean("enabl
 TEST_F(FirewallDomainBlockingFrom, StoresAnyNumberOfDomains)
 {
     for (int count = 0; count <= 20; ++count) {
-        make_stale();
+        poison();
         std::string json = "[";
         std::vector<std::string> expected;
         for (int i = 0; i < count; ++i) {
@@ -192,7 +192,7 @@ TEST_F(FirewallDomainBlockingFrom, SkipsEmptyTextsAndWhatIsNoText)
 {
     EXPECT_TRUE(accepts(blocking(R"(["", "a.example"])")));
     EXPECT_THAT(domains(), ElementsAre("a.example"));
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(blocking(R"([1, 1.5, true, false, null, {}, ["x"], {"domain": "x"}, "b.example", ""])")));
     EXPECT_THAT(domains(), ElementsAre("b.example"));
 }
@@ -220,7 +220,7 @@ TEST_F(FirewallDomainBlockingFrom, LinksBehindTheFirstNodeAndLetsGoOfTheOthers)
 TEST_F(FirewallDomainBlockingFrom, StoresATextThatJustFitsWhole)
 {
     for (const std::size_t length : {1U, 118U, 119U}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(blocking("[" + quoted(length) + "]")));
         std::string expected = quoted(length).substr(1, length);
         expected.resize(120, '\0');
@@ -233,12 +233,12 @@ TEST_F(FirewallDomainBlockingFrom, StoresATextThatJustFitsWhole)
 TEST_F(FirewallDomainBlockingFrom, RefusesALongerTextAndKeepsTheOnesBeforeIt)
 {
     for (const std::size_t length : {120U, 121U, 65536U}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(
             rejects(blocking("[\"a.example\", " + quoted(length) + ", \"b.example\"]"), "domain", too_long, "size"));
         EXPECT_EQ(record().enable, 1);
         EXPECT_THAT(domains(), ElementsAre("a.example"));
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(blocking("[" + quoted(length) + "]"), "domain", too_long, "size"));
         EXPECT_THAT(domains(), IsEmpty());
     }
@@ -266,7 +266,7 @@ TEST_F(FirewallDomainBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
     kelmora_errorlist errors;
     EXPECT_EQ(firewall_domain_blocking_from_translator(node_.resource(), document, &errors), 1);
     const std::size_t last = allocations::asked_for(); // the second domain
-    make_stale();
+    poison();
     allocations::fail(last, Failing::once);
     EXPECT_TRUE(rejects(document, "domains", "out of memory"));
     EXPECT_THAT(domains(), ElementsAre("shop.example.org"));

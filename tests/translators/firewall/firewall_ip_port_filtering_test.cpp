@@ -1,7 +1,7 @@
 #include "tests/support/from_chain_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -289,7 +289,7 @@ TEST_F(FirewallIpPortFilteringFrom, MissingKeysKeepTheActionsStoredBefore)
 
 TEST_F(FirewallIpPortFilteringFrom, MissingPortLeavesItsRuleLinkedWithWhatWasRead)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(
         rejects(without(document, "filter_lists.1.dest_port_to"), "filter_lists.dest_port_to", "field not found"));
     const std::vector<Rule> rules = nodes();
@@ -311,7 +311,7 @@ TEST_F(FirewallIpPortFilteringFrom, MissingPortLeavesItsRuleLinkedWithWhatWasRea
 
 TEST_F(FirewallIpPortFilteringFrom, MissingMaskLeavesTheAddressesStored)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "filter_lists.0.source_subnet_mask"), "filter_lists.source_subnet_mask",
                         "field not found"));
     const std::vector<Rule> rules = nodes();
@@ -324,7 +324,7 @@ TEST_F(FirewallIpPortFilteringFrom, MissingMaskLeavesTheAddressesStored)
 
 TEST_F(FirewallIpPortFilteringFrom, MissingActionLeavesItsRuleLinkedAndEmpty)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(
         rejects(without(document, "filter_lists.1.rule_action"), "filter_lists.rule_action", "field not found"));
     const std::vector<Rule> rules = nodes();
@@ -338,7 +338,7 @@ TEST_F(FirewallIpPortFilteringFrom, MissingActionLeavesItsRuleLinkedAndEmpty)
 TEST_F(FirewallIpPortFilteringFrom, AFailingRuleIsLinkedBehindTheFirstThatIsThere)
 {
     record().filter_lists = kelmora_host::make_chain<Rule>({{.protocol = 1}, {.protocol = 2}});
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "filter_lists.1.interface_index"), "filter_lists.interface_index",
                         "field not found"));
     EXPECT_THAT(protocols(), ElementsAre(1, 102, 202));
@@ -348,7 +348,7 @@ TEST_F(FirewallIpPortFilteringFrom, BuildsNoRuleFromAnythingButAnArray)
 {
     const std::string object = rule_of_protocol(1);
     for (const char *other : {"[]", "{}", object.c_str(), "\"filter_lists\"", "null", "3", "true", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with_list(other)));
         EXPECT_EQ(record().filter_lists, nullptr) << other;
         EXPECT_EQ(record().incoming_default_action, 12U);
@@ -377,7 +377,7 @@ TEST_F(FirewallIpPortFilteringFrom, BuildsAsManyRulesAsThereAreElements)
 {
     std::string json;
     for (std::size_t count = 0; count <= 20; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with_list("[" + json + "]")));
         const std::vector<std::uint32_t> stored = protocols();
         ASSERT_EQ(stored.size(), count);
@@ -416,9 +416,9 @@ TEST_F(FirewallIpPortFilteringFrom, CutsIntegersToTheirWidth)
 
 TEST_F(FirewallIpPortFilteringFrom, CutsTextsToTheirField)
 {
-    expect_member_text("source_ip_address", &Rule::source_ip_address);
-    expect_member_text("dest_ip_address", &Rule::dest_ip_address);
-    expect_member_text("interface_index", &Rule::interface_index);
+    expect_member_string("source_ip_address", &Rule::source_ip_address);
+    expect_member_string("dest_ip_address", &Rule::dest_ip_address);
+    expect_member_string("interface_index", &Rule::interface_index);
 }
 
 TEST_F(FirewallIpPortFilteringFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -429,8 +429,9 @@ TEST(FirewallIpPortFiltering, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_firewall_ip_port_filtering{}));
-    EXPECT_EQ(kelmora_host::write(firewall_ip_port_filtering_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(firewall_ip_port_filtering_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(firewall_ip_port_filtering_from_translator, nodes.front(), sample_text).result,
+              1);
+    EXPECT_EQ(kelmora_host::to_json(firewall_ip_port_filtering_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

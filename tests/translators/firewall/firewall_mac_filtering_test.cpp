@@ -1,7 +1,7 @@
 #include "tests/support/from_chain_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -219,7 +219,7 @@ TEST_F(FirewallMacFilteringFrom, MissingKeysKeepTheActionsStoredBefore)
 
 TEST_F(FirewallMacFilteringFrom, MissingDirectionLeavesItsRuleLinkedAndEmpty)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "entry.1.direction"), "entry.direction", "field not found"));
     const std::vector<Rule> rules = nodes();
     ASSERT_EQ(rules.size(), 2U);
@@ -235,7 +235,7 @@ TEST_F(FirewallMacFilteringFrom, MissingDirectionLeavesItsRuleLinkedAndEmpty)
 
 TEST_F(FirewallMacFilteringFrom, MissingActionLeavesItsRuleLinkedWithWhatWasRead)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "entry.2.rule_action"), "entry.rule_action", "field not found"));
     const std::vector<Rule> rules = nodes();
     ASSERT_EQ(rules.size(), 3U);
@@ -248,7 +248,7 @@ TEST_F(FirewallMacFilteringFrom, MissingActionLeavesItsRuleLinkedWithWhatWasRead
 
 TEST_F(FirewallMacFilteringFrom, TheFirstRuleMayFailToo)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "entry.0.direction"), "entry.direction", "field not found"));
     EXPECT_THAT(directions(), ElementsAre(0));
 }
@@ -256,7 +256,7 @@ TEST_F(FirewallMacFilteringFrom, TheFirstRuleMayFailToo)
 TEST_F(FirewallMacFilteringFrom, AFailingRuleIsLinkedBehindTheFirstThatIsThere)
 {
     record().entry = kelmora_host::make_chain<Rule>({{.direction = 1}, {.direction = 2}});
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "entry.0.rule_action"), "entry.rule_action", "field not found"));
     EXPECT_THAT(directions(), ElementsAre(1, 21));
 }
@@ -265,7 +265,7 @@ TEST_F(FirewallMacFilteringFrom, BuildsNoRuleFromAnythingButAnArray)
 {
     for (const char *other :
          {"[]", "{}", R"({"direction": 1, "rule_action": 2})", "\"entry\"", "null", "3", "true", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with_list(other)));
         EXPECT_EQ(record().entry, nullptr) << other;
         EXPECT_EQ(record().outgoing_default_act, 12U);
@@ -294,7 +294,7 @@ TEST_F(FirewallMacFilteringFrom, BuildsAsManyRulesAsThereAreElements)
 {
     std::string json;
     for (std::size_t count = 0; count <= 20; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with_list("[" + json + "]")));
         const std::vector<std::uint32_t> stored = directions();
         ASSERT_EQ(stored.size(), count);
@@ -320,8 +320,8 @@ TEST_F(FirewallMacFilteringFrom, CutsIntegersToTheirWidth)
 
 TEST_F(FirewallMacFilteringFrom, CutsTextsToTheirField)
 {
-    expect_member_text("source_mac", &Rule::source_mac);
-    expect_member_text("destination_mac", &Rule::destination_mac);
+    expect_member_string("source_mac", &Rule::source_mac);
+    expect_member_string("destination_mac", &Rule::destination_mac);
 }
 
 TEST_F(FirewallMacFilteringFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -332,8 +332,8 @@ TEST(FirewallMacFiltering, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_firewall_mac_filtering{}));
-    EXPECT_EQ(kelmora_host::write(firewall_mac_filtering_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(firewall_mac_filtering_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(firewall_mac_filtering_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(firewall_mac_filtering_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

@@ -222,10 +222,10 @@ TEST_F(FirewallPortForwardingTableFrom, CutsIntegersToTheirWidth)
 
 TEST_F(FirewallPortForwardingTableFrom, CutsTextsToTheirField)
 {
-    expect_text("comment", record().comment);
-    expect_text("local_ip", record().local_ip);
-    expect_text("remote_ip", record().remote_ip);
-    expect_text("interface", record().interface);
+    expect_string("comment", record().comment);
+    expect_string("local_ip", record().local_ip);
+    expect_string("remote_ip", record().remote_ip);
+    expect_string("interface", record().interface);
 }
 
 TEST_F(FirewallPortForwardingTableFrom, StoresTheFirst19CharactersOfALongInterface)

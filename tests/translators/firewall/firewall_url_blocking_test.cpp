@@ -208,7 +208,7 @@ TEST_F(FirewallUrlBlockingFrom, TakesOnlyTrueForTrue) { expect_boolean("enable",
 TEST_F(FirewallUrlBlockingFrom, StoresAnyNumberOfUrlsAndKeywords)
 {
     for (int count = 0; count <= 20; ++count) {
-        make_stale();
+        poison();
         std::string json = "[";
         std::vector<std::string> expected;
         for (int i = 0; i < count; ++i) {
@@ -232,11 +232,11 @@ TEST_F(FirewallUrlBlockingFrom, SkipsEmptyTextsAndWhatIsNoText)
 TEST_F(FirewallUrlBlockingFrom, TakesAnythingButAnArrayForAnEmptyList)
 {
     for (const char *other : {"[]", "null", "1", "1.5", "true", "\"example\"", "{\"0\": \"example\"}"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "urls", other)));
         EXPECT_THAT(urls(), IsEmpty()) << other;
         EXPECT_THAT(keywords(), ElementsAre("poker", "roulette")) << other;
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "keywords", other)));
         EXPECT_THAT(urls(), ElementsAre("http://news.example.net/feed", "example.net")) << other;
         EXPECT_THAT(keywords(), IsEmpty()) << other;
@@ -271,7 +271,7 @@ TEST_F(FirewallUrlBlockingFrom, StoresTextsThatJustFitWhole)
 TEST_F(FirewallUrlBlockingFrom, RefusesALongerUrlAndKeepsTheOnesBeforeIt)
 {
     for (const std::size_t length : {128U, 129U, 65536U}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "urls", "[\"a\", " + quoted(length) + ", \"b\"]"), "url", too_long, "size"));
         EXPECT_EQ(record().enable, 1);
         EXPECT_THAT(urls(), ElementsAre("a"));
@@ -282,7 +282,7 @@ TEST_F(FirewallUrlBlockingFrom, RefusesALongerUrlAndKeepsTheOnesBeforeIt)
 TEST_F(FirewallUrlBlockingFrom, RefusesALongerKeywordAndKeepsWhatIsBeforeIt)
 {
     for (const std::size_t length : {20U, 21U, 65536U}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(
             rejects(with(document, "keywords", "[\"a\", " + quoted(length) + ", \"b\"]"), "keyword", too_long, "size"));
         EXPECT_EQ(record().enable, 1);
@@ -311,12 +311,12 @@ TEST_F(FirewallUrlBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
     kelmora_errorlist errors;
     EXPECT_EQ(firewall_url_blocking_from_translator(node_.resource(), document, &errors), 1);
     const std::size_t last = allocations::asked_for(); // two URLs and two keywords come last
-    make_stale();
+    poison();
     allocations::fail(last - 2, Failing::once);
     EXPECT_TRUE(rejects(document, "urls", "out of memory"));
     EXPECT_THAT(urls(), ElementsAre("http://news.example.net/feed"));
     EXPECT_THAT(keywords(), IsEmpty());
-    make_stale();
+    poison();
     allocations::fail(last, Failing::once);
     EXPECT_TRUE(rejects(document, "keywords", "out of memory"));
     EXPECT_THAT(urls(), ElementsAre("http://news.example.net/feed", "example.net"));

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -360,7 +360,7 @@ TEST_F(IptablesFrom, AnAddressAloneEmptiesTheMacOfItsEnd)
     EXPECT_TRUE(untouched(record().source_port));
     expect_destination_untouched();
 
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(R"({"chain": 1, "policy": 2, "destination": {"ip": "192.0.2.2"}})"));
     expect_source_untouched();
     EXPECT_STREQ(record().destination_ip, "192.0.2.2");
@@ -378,7 +378,7 @@ TEST_F(IptablesFrom, AMacAloneEmptiesTheInterfaceOfItsEnd)
     EXPECT_TRUE(untouched(record().source_port));
     expect_destination_untouched();
 
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(R"({"chain": 1, "policy": 2, "destination": {"mac": "02:00:5e:10:00:74"}})"));
     expect_source_untouched();
     EXPECT_TRUE(untouched(record().destination_ip));
@@ -396,7 +396,7 @@ TEST_F(IptablesFrom, AnInterfaceAloneEmptiesNothing)
     EXPECT_TRUE(untouched(record().source_port));
     expect_destination_untouched();
 
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(R"({"chain": 1, "policy": 2, "destination": {"interface": "wan2"}})"));
     expect_source_untouched();
     EXPECT_TRUE(untouched(record().destination_ip));
@@ -409,7 +409,7 @@ TEST_F(IptablesFrom, AnAddressOfAnyTypeAndLengthEmptiesTheMac)
 {
     for (const std::string &ip :
          {std::string("null"), std::string("1"), std::string("\"\""), quoted(45), quoted(200)}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(R"({"chain": 1, "policy": 2, "source": {}})", "source.ip", ip)));
         EXPECT_TRUE(is_cut_to_nothing(record().source_mac)) << ip;
     }
@@ -427,7 +427,7 @@ TEST_F(IptablesFrom, TheOrderOfTheMembersDoesNotMatter)
 TEST_F(IptablesFrom, TakesAnEndThatIsNoObjectForAnEmptyOne)
 {
     for (const char *other : {"{}", "null", "true", "1", "1.5", "\"192.0.2.1\"", "[]", R"([{"ip": "192.0.2.1"}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(with(document, "source", other), "destination", other)));
         expect_source_untouched();
         expect_destination_untouched();
@@ -448,13 +448,13 @@ TEST_F(IptablesFrom, CutsIntegersToTheirWidth)
 
 TEST_F(IptablesFrom, CutsTextsToTheirField)
 {
-    expect_text("source.ip", record().source_ip);
-    expect_text("source.mac", record().source_mac);
-    expect_text("source.interface", record().source_interface);
-    expect_text("destination.ip", record().destination_ip);
-    expect_text("destination.mac", record().destination_mac);
-    expect_text("destination.interface", record().destination_interface);
-    expect_text("url", record().url);
+    expect_string("source.ip", record().source_ip);
+    expect_string("source.mac", record().source_mac);
+    expect_string("source.interface", record().source_interface);
+    expect_string("destination.ip", record().destination_ip);
+    expect_string("destination.mac", record().destination_mac);
+    expect_string("destination.interface", record().destination_interface);
+    expect_string("url", record().url);
 }
 
 TEST_F(IptablesFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -465,8 +465,8 @@ TEST(Iptables, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("7", kelmora_host::Record(kelmora_iptables{}));
-    EXPECT_EQ(kelmora_host::write(iptables_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(iptables_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(iptables_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(iptables_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

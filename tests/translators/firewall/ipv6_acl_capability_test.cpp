@@ -142,7 +142,7 @@ TEST_F(Ipv6AclCapabilityFrom, MissingCapabilityStoresNothing)
 TEST_F(Ipv6AclCapabilityFrom, NeverReadsTheServices)
 {
     for (const char *json : {"[]", "null", "true", R"(["ssh", 1, null])", R"({"0": "ssh"})"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "available_services", json)));
         EXPECT_EQ(record().capability, 1);
         EXPECT_TRUE(untouched(record().available_services)) << json;

@@ -216,7 +216,7 @@ TEST_F(Ipv6AclConfigFrom, ReadsTelnetBetweenAnyAndFtp)
     EXPECT_EQ(record().service_any, 1);
     EXPECT_EQ(record().service_telnet, 1);
     EXPECT_TRUE(untouched(record().service_ftp));
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(document, "service_any"), "service_any", "service_any field not found"));
     EXPECT_EQ(record().enable, 1);
     EXPECT_TRUE(untouched(record().service_any));
@@ -268,8 +268,8 @@ TEST_F(Ipv6AclConfigFrom, CutsThePrefixLengthToItsWidth)
 
 TEST_F(Ipv6AclConfigFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("ip6_start_addr", record().ip6_start_addr);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("ip6_start_addr", record().ip6_start_addr);
 }
 
 TEST_F(Ipv6AclConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }

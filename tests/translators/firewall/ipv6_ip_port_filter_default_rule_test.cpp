@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -87,7 +87,7 @@ class Ipv6IpPortFilterDefaultRuleFrom : public FromTest<kelmora_ipv6_ip_port_fil
 protected:
     Ipv6IpPortFilterDefaultRuleFrom() : FromTest(ipv6_ip_port_filter_default_rule_from_translator, document)
     {
-        keeps_document_on_failure_ = true;
+        leaks_document_on_failure_ = true;
     }
 };
 
@@ -135,9 +135,10 @@ TEST(Ipv6IpPortFilterDefaultRule, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_ipv6_ip_port_filter_default_rule{}));
-    EXPECT_EQ(kelmora_host::write(ipv6_ip_port_filter_default_rule_from_translator, nodes.front(), sample_text).result,
-              1);
-    EXPECT_EQ(kelmora_host::read(ipv6_ip_port_filter_default_rule_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(
+        kelmora_host::from_json(ipv6_ip_port_filter_default_rule_from_translator, nodes.front(), sample_text).result,
+        1);
+    EXPECT_EQ(kelmora_host::to_json(ipv6_ip_port_filter_default_rule_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/firewall.h"
@@ -240,11 +240,11 @@ TEST_F(Ipv6IpPortFilterFrom, CutsIntegersToTheirWidth)
 
 TEST_F(Ipv6IpPortFilterFrom, CutsTextsToTheirField)
 {
-    expect_text("interface_id", record().interface_id);
-    expect_text("src_ipv6.start", record().src_start);
-    expect_text("src_ipv6.end", record().src_end);
-    expect_text("dst_ipv6.start", record().dst_start);
-    expect_text("dst_ipv6.end", record().dst_end);
+    expect_string("interface_id", record().interface_id);
+    expect_string("src_ipv6.start", record().src_start);
+    expect_string("src_ipv6.end", record().src_end);
+    expect_string("dst_ipv6.start", record().dst_start);
+    expect_string("dst_ipv6.end", record().dst_end);
 }
 
 TEST_F(Ipv6IpPortFilterFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -255,8 +255,8 @@ TEST(Ipv6IpPortFilter, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("0", kelmora_host::Record(kelmora_ipv6_ip_port_filter{}));
-    EXPECT_EQ(kelmora_host::write(ipv6_ip_port_filter_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(ipv6_ip_port_filter_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(ipv6_ip_port_filter_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(ipv6_ip_port_filter_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

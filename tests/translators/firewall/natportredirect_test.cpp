@@ -190,7 +190,7 @@ TEST_F(NatportredirectFrom, AsksForTheInternalPortsBeforeTheInternalAddress)
 TEST_F(NatportredirectFrom, TakesPortsThatAreNoObjectForAnEmptyOne)
 {
     for (const char *other : {"5", "{}", "null", "true", "\"8080\"", "1.5", "[]", R"([{"start": 1, "end": 2}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(
             rejects(with(document, "externalPort", other), "externalPort.start", "externalPort.start field not found"));
         EXPECT_EQ(record().protocol, 3U);
@@ -265,8 +265,8 @@ TEST_F(NatportredirectFrom, CutsIntegersToTheirWidth)
 
 TEST_F(NatportredirectFrom, CutsTextsToTheirField)
 {
-    expect_text("description", record().description);
-    expect_text("internalIP", record().internalIP);
+    expect_string("description", record().description);
+    expect_string("internalIP", record().internalIP);
 }
 
 TEST_F(NatportredirectFrom, KeepsTheCommonContract) { expect_common_contract(); }

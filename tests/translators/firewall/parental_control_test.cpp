@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/lists.h"
+#include "host/gateway/lists.h"
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
@@ -192,7 +192,7 @@ const std::vector<std::string> members = {"username",    "address_type", "ip_add
 
 const std::vector<std::string> texts = {"username", "ip_address_from", "ip_address_to", "mac_address"};
 
-bool is_text(const std::string &member) { return std::find(texts.begin(), texts.end(), member) != texts.end(); }
+bool is_string(const std::string &member) { return std::find(texts.begin(), texts.end(), member) != texts.end(); }
 
 class ParentalControlFrom : public FromTest<kelmora_parental_control> {
 protected:
@@ -250,7 +250,7 @@ protected:
     template <std::size_t width> void expect_rule_text(const std::string &member, char (Rule::*field)[width])
     {
         for (const std::size_t length : {std::size_t{0}, std::size_t{1}, width - 2, width - 1, width, width + 1}) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, std::string(list_name) + ".0." + member, quoted(length))));
             std::string expected = quoted(length).substr(1, std::min(length, width - 1));
             expected.resize(width, '\0');
@@ -265,7 +265,7 @@ protected:
                              const std::vector<std::pair<std::string, Integer>> &cases)
     {
         for (const auto &[json, expected] : cases) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, std::string(list_name) + ".0." + member, json)));
             ASSERT_EQ(length(), 2U);
             EXPECT_EQ(rule().*field, expected) << member << ": " << json;
@@ -320,7 +320,7 @@ TEST_F(ParentalControlFrom, AsksForTheListAndKeepsTheSwitch)
     EXPECT_TRUE(rejects(without(document, list_name), list_name, "field not found"));
     EXPECT_EQ(record().enabled, 1);
     for (const char *other : {"1", "1.0", "true", "\"[]\"", "null", "{}"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, list_name, other), list_name, "data type must be a valid array"));
         EXPECT_EQ(record().enabled, 1);
         EXPECT_EQ(length(), 0U);
@@ -350,7 +350,7 @@ TEST_F(ParentalControlFrom, HasTheHostReplaceTheRules)
 TEST_F(ParentalControlFrom, StoresAnyNumberOfRules)
 {
     for (std::size_t count = 1; count <= 20; ++count) {
-        make_stale();
+        poison();
         std::string json = "[";
         for (std::size_t i = 0; i < count; ++i)
             json += (i == 0 ? "" : ", ") + (R"({"username": "user )" + std::to_string(i)) +
@@ -381,7 +381,7 @@ TEST_F(ParentalControlFrom, AsksForTheMembersOfARuleInOrderAndKeepsThoseBefore)
 {
     for (std::size_t i = members.size(); i-- > 0;) {
         const std::string path = std::string(list_name) + ".0." + members[i];
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, path), members[i], "field not found"));
         EXPECT_EQ(record().enabled, 1);
         EXPECT_EQ(length(), 2U);
@@ -399,12 +399,12 @@ TEST_F(ParentalControlFrom, ChecksTheTypeOfTheMembersOfARuleAndKeepsThoseBefore)
     for (std::size_t i = 0; i < members.size(); ++i) {
         const std::string path = std::string(list_name) + ".0." + members[i];
         std::vector<std::string> others = {"1.0", "true", "false", "null", "{}", "[]", "[1]"};
-        others.emplace_back(is_text(members[i]) ? "1" : "\"1\"");
+        others.emplace_back(is_string(members[i]) ? "1" : "\"1\"");
         for (const std::string &other : others) {
-            make_stale();
+            poison();
             EXPECT_TRUE(rejects(with(document, path, other), members[i],
-                                is_text(members[i]) ? "data type must be a valid string"
-                                                    : "data type must be a valid integer"));
+                                is_string(members[i]) ? "data type must be a valid string"
+                                                      : "data type must be a valid integer"));
             EXPECT_EQ(length(), 2U);
             EXPECT_TRUE(holds(i)) << path << ": " << other;
         }
@@ -424,7 +424,7 @@ TEST_F(ParentalControlFrom, AFailingRuleKeepsTheOnesBeforeIt)
 TEST_F(ParentalControlFrom, ARuleThatIsNoObjectLacksItsUser)
 {
     for (const char *other : {"null", "1", "1.5", "true", "\"Ben\"", "[]", R"(["username"])", "{}"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, list_name, "[" + std::string(other) + "]"), "username", "field not found"));
         EXPECT_EQ(length(), 1U);
         EXPECT_TRUE(holds(0));

@@ -85,12 +85,12 @@ TEST_F(Ipv6DhcpRelayFrom, StoresTheInterface)
 TEST_F(Ipv6DhcpRelayFrom, AsksForTheInterface)
 {
     expect_required_in_order({{"interfaceID", "interfaceID", "field not found"}});
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects("{}", "interfaceID", "field not found"));
     EXPECT_TRUE(untouched(record()));
 }
 
-TEST_F(Ipv6DhcpRelayFrom, CutsTheInterfaceToItsField) { expect_text("interfaceID", record().interfaceID); }
+TEST_F(Ipv6DhcpRelayFrom, CutsTheInterfaceToItsField) { expect_string("interfaceID", record().interfaceID); }
 
 TEST_F(Ipv6DhcpRelayFrom, KeepsTheCommonContract) { expect_common_contract(); }
 

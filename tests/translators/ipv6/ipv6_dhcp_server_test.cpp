@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/lists.h"
+#include "host/gateway/lists.h"
 
 #include "kelmora_json.h"
 #include "records/ipv6.h"
@@ -289,7 +289,7 @@ TEST_F(Ipv6DhcpServerFrom, MissingModeStoresNothing)
 
 TEST_F(Ipv6DhcpServerFrom, MissingAddressesAloneKeepTheDocument)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(misses(without(document, "addresses_config"), "addresses_config"));
     EXPECT_EQ(record().mode, 1U);
     EXPECT_TRUE(untouched(record().ip_pool_range_start));
@@ -302,7 +302,7 @@ TEST_F(Ipv6DhcpServerFrom, MissingAddressesAloneKeepTheDocument)
 TEST_F(Ipv6DhcpServerFrom, AddressesThatAreNoObjectLackTheirKeysAndReleaseTheDocument)
 {
     for (const char *other : {"null", "{}", "[]", "1", "1.5", "true", "\"::\"", R"([{"ip_pool_range_start": "::"}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(misses(with(document, "addresses_config", other), "ip_pool_range_start"));
         EXPECT_EQ(record().mode, 1U);
         EXPECT_TRUE(untouched(record().ip_pool_range_start));
@@ -321,7 +321,7 @@ TEST_F(Ipv6DhcpServerFrom, AsksForThePreferredLifetimeInItsOwnSpelling)
 {
     for (const char *spelling :
          {"preferred_lifetime", "prefered_lifetime", "preferrred_lifetime", "preffered_life_time"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(misses(with(without(document, "addresses_config.preffered_lifetime"),
                                 std::string("addresses_config.") + spelling, "3600"),
                            "preffered_lifetime"));
@@ -362,11 +362,11 @@ TEST_F(Ipv6DhcpServerFrom, EachListMayBeAbsent)
     EXPECT_TRUE(accepts(without(document, "dns_servers")));
     EXPECT_THAT(domains(), ElementsAre("guests.example", "lab.example"));
     EXPECT_THAT(dns_servers(), IsEmpty());
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(without(document, "domains")));
     EXPECT_THAT(domains(), IsEmpty());
     EXPECT_THAT(dns_servers(), ElementsAre("2001:db8:99::53", "2001:db8:99::54", "2001:db8:99::55"));
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(without_all(document, {"domains", "dns_servers"})));
     EXPECT_THAT(domains(), IsEmpty());
     EXPECT_THAT(dns_servers(), IsEmpty());
@@ -376,7 +376,7 @@ TEST_F(Ipv6DhcpServerFrom, EachListMayBeAbsent)
 TEST_F(Ipv6DhcpServerFrom, AddsNothingFromAnythingButAnArray)
 {
     for (const char *other : {"[]", "{}", R"({"0": "lab.example"})", R"("lab.example")", "null", "3", "true", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(with(document, "domains", other), "dns_servers", other)));
         EXPECT_THAT(domains(), IsEmpty()) << other;
         EXPECT_THAT(dns_servers(), IsEmpty()) << other;
@@ -409,7 +409,7 @@ TEST_F(Ipv6DhcpServerFrom, AddsAsManyEntriesAsThereAreElements)
 {
     std::string json = R"("::0")";
     for (std::size_t count = 1; count <= 20; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(with(document, "domains", "[" + json + "]"), "dns_servers", "[" + json + "]")));
         ASSERT_EQ(domains().size(), count);
         EXPECT_EQ(domains().back(), "::" + std::to_string(count - 1));
@@ -450,7 +450,7 @@ TEST_F(Ipv6DhcpServerFrom, HandsOverAllDomainsThenAllDnsServersOnceAllElseIsStor
     const std::string domains_last =
         with(without(document, "domains"), "domains", R"(["guests.example", "lab.example"])");
     for (const std::string &text : {std::string(document), domains_last}) {
-        make_stale();
+        poison();
         handed_over.clear();
         EXPECT_TRUE(accepts(text));
         EXPECT_THAT(handed_over,
@@ -482,9 +482,9 @@ TEST_F(Ipv6DhcpServerFrom, CutsIntegersToTheirWidth)
 
 TEST_F(Ipv6DhcpServerFrom, CutsTextsToTheirField)
 {
-    expect_text("addresses_config.ip_pool_range_start", record().ip_pool_range_start);
-    expect_text("addresses_config.ip_pool_range_end", record().ip_pool_range_end);
-    expect_text("addresses_config.client_duid", record().client_duid);
+    expect_string("addresses_config.ip_pool_range_start", record().ip_pool_range_start);
+    expect_string("addresses_config.ip_pool_range_end", record().ip_pool_range_end);
+    expect_string("addresses_config.client_duid", record().client_duid);
 }
 
 TEST_F(Ipv6DhcpServerFrom, StoresTheFirstTwoCharactersOfALongDuid)

@@ -107,7 +107,7 @@ protected:
         for (const std::size_t length :
              {std::size_t{0}, std::size_t{1}, width - 2, width - 1, width, width + 1, std::size_t{65536}}) {
             const std::string text = quoted(length);
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, path, text)));
             std::string expected = text.substr(1, std::min(length, width - 1));
             expected.resize(width, '\0');
@@ -146,7 +146,7 @@ TEST_F(Ipv6PrefixDelegationFrom, RefusesAModeThatIsNoInteger)
 TEST_F(Ipv6PrefixDelegationFrom, RefusesAPrefixThatIsNoTextAndKeepsTheMode)
 {
     for (const char *other : {"1", "1.5", "true", "false", "null", "{}", "[]", R"(["::"])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "prefix", other), "prefix", "data type must be a valid string"));
         EXPECT_EQ(record().mode, 2U);
         EXPECT_TRUE(untouched(record().prefix));
@@ -157,7 +157,7 @@ TEST_F(Ipv6PrefixDelegationFrom, RefusesAPrefixThatIsNoTextAndKeepsTheMode)
 TEST_F(Ipv6PrefixDelegationFrom, RefusesAnInterfaceThatIsNoTextAndKeepsTheRest)
 {
     for (const char *other : {"1", "1.5", "true", "false", "null", "{}", "[]", R"(["wan5"])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "interfaceID", other), "interfaceID", "data type must be a valid string"));
         EXPECT_EQ(record().mode, 2U);
         EXPECT_STREQ(record().prefix, "2001:db8:99:4200::/60");
@@ -190,7 +190,7 @@ TEST_F(Ipv6PrefixDelegationFrom, StoresTheLow32BitsOfTheMode)
              {"9223372036854775807", 4294967295U},
              {"-9223372036854775808", 0U},
          }) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "mode", json)));
         EXPECT_EQ(record().mode, expected) << json;
     }

@@ -106,7 +106,7 @@ constexpr char document[] = R"({
 /// A missing key leaves the document unreleased, success releases it.
 class Ipv6ProxyMldFrom : public FromTest<kelmora_ipv6_proxy_mld> {
 protected:
-    Ipv6ProxyMldFrom() : FromTest(ipv6_proxy_mld_from_translator, document) { keeps_document_on_failure_ = true; }
+    Ipv6ProxyMldFrom() : FromTest(ipv6_proxy_mld_from_translator, document) { leaks_document_on_failure_ = true; }
 };
 
 TEST_F(Ipv6ProxyMldFrom, StoresEveryKeyAndReleasesTheDocument)

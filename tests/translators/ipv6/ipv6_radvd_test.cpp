@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/ipv6.h"
@@ -240,7 +240,7 @@ protected:
             {"[7]", 0U},
         };
         for (const auto &[json, expected] : cases) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, path, json)));
             EXPECT_EQ(field, expected) << path << ": " << json;
         }
@@ -389,11 +389,11 @@ TEST_F(Ipv6RadvdFrom, MissingLastKeyKeepsTheRest)
 TEST_F(Ipv6RadvdFrom, GroupsThatAreNoObjectsLackTheirKeys)
 {
     for (const char *other : {"null", "{}", "[]", "1", "1.5", "true", "\"prefix\"", R"([{"prefix": "::"}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "ipv6_prefix", other), "ipv6_prefix:prefix", "prefix field not found"));
         EXPECT_EQ(record().ipv6_prefix_mode_auto, 1U);
         EXPECT_TRUE(untouched(record().prefix));
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "ipv6_ula_settings", other), "ipv6_ula_settings:ula_prefix",
                             "ula_prefix field not found"));
         EXPECT_EQ(record().enable_ula, 1);
@@ -427,7 +427,7 @@ TEST_F(Ipv6RadvdFrom, StoresTheAutomaticPrefixInAllItsBits)
                                                                                            {"null", 0U},
                                                                                            {"{}", 0U},
                                                                                            {"[true]", 0U}}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "ipv6_prefix_mode_auto", json)));
         EXPECT_EQ(record().ipv6_prefix_mode_auto, expected) << json;
     }
@@ -458,10 +458,10 @@ TEST_F(Ipv6RadvdFrom, StopsLifetimesAtTheLargestAndCutsTheirFraction)
 
 TEST_F(Ipv6RadvdFrom, CutsTextsToTheirField)
 {
-    expect_text("ipv6_prefix.prefix", record().prefix);
-    expect_text("ipv6_prefix.rdnss1", record().rdnss1);
-    expect_text("ipv6_prefix.rdnss2", record().rdnss2);
-    expect_text("ipv6_ula_settings.ula_prefix", record().ula_prefix);
+    expect_string("ipv6_prefix.prefix", record().prefix);
+    expect_string("ipv6_prefix.rdnss1", record().rdnss1);
+    expect_string("ipv6_prefix.rdnss2", record().rdnss2);
+    expect_string("ipv6_ula_settings.ula_prefix", record().ula_prefix);
 }
 
 TEST_F(Ipv6RadvdFrom, StoresTheFirst16CharactersOfAUniqueLocalPrefix)
@@ -480,9 +480,9 @@ TEST(Ipv6Radvd, WritesBackTheLifetimesThatLastForEver)
     kelmora_host::Node node("br0", kelmora_host::Record(kelmora_ipv6_radvd{}));
     const std::string text = with(with(document, "ipv6_prefix.adv_valid_lifetime", "4294967295"),
                                   "ipv6_ula_settings.ula_prefer_time", "4294967295.0");
-    EXPECT_EQ(kelmora_host::write(ipv6_radvd_from_translator, node, text).result, 1);
+    EXPECT_EQ(kelmora_host::from_json(ipv6_radvd_from_translator, node, text).result, 1);
     std::vector<kelmora_host::Node> nodes{node};
-    EXPECT_THAT(kelmora_host::read(ipv6_radvd_to_translator, nodes, false).text,
+    EXPECT_THAT(kelmora_host::to_json(ipv6_radvd_to_translator, nodes, false).text,
                 AllOf(HasSubstr(R"("adv_valid_lifetime": 4294967295)"), HasSubstr(R"("ula_prefer_time": 4294967295)"),
                       Not(HasSubstr("-1"))));
 }

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/ipv6.h"
@@ -218,9 +218,9 @@ TEST_F(Ipv6StaticRouteFrom, CutsTheMetricToItsWidth) { expect_integer("metric", 
 
 TEST_F(Ipv6StaticRouteFrom, CutsTextsToTheirField)
 {
-    expect_text("destination", record().destination);
-    expect_text("next_hop", record().next_hop);
-    expect_text("interface", record().interface);
+    expect_string("destination", record().destination);
+    expect_string("next_hop", record().next_hop);
+    expect_string("interface", record().interface);
 }
 
 TEST_F(Ipv6StaticRouteFrom, StoresTheFirst45And19Characters)
@@ -239,9 +239,9 @@ TEST_F(Ipv6StaticRouteFrom, SurvivesFailingMemory) { expect_survives_failing_mem
 TEST(Ipv6StaticRoute, WritesBackTheRouteThatWasStored)
 {
     kelmora_host::Node node("7", kelmora_host::Record(kelmora_ipv6_static_route{}));
-    EXPECT_EQ(kelmora_host::write(ipv6_static_route_from_translator, node, document).result, 1);
+    EXPECT_EQ(kelmora_host::from_json(ipv6_static_route_from_translator, node, document).result, 1);
     std::vector<kelmora_host::Node> nodes{node};
-    EXPECT_EQ(kelmora_host::read(ipv6_static_route_to_translator, nodes, false).text,
+    EXPECT_EQ(kelmora_host::to_json(ipv6_static_route_to_translator, nodes, false).text,
               R"({"id": "7", "enable": true, "destination": "2001:db8:4c:1900::/56", )"
               R"("next_hop": "2001:db8:4c:1700::fe", "metric": 512, "interface": "br1"})");
 }

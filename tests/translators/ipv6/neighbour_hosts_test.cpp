@@ -193,9 +193,9 @@ TEST_F(NeighbourHostsFrom, CutsTheStateToItsWidth) { expect_integer("nud", recor
 
 TEST_F(NeighbourHostsFrom, CutsTextsToTheirField)
 {
-    expect_text("ip_addr", record().ip_addr);
-    expect_text("mac_addr", record().mac_addr);
-    expect_text("interfaceID", record().interfaceID);
+    expect_string("ip_addr", record().ip_addr);
+    expect_string("mac_addr", record().mac_addr);
+    expect_string("interfaceID", record().interfaceID);
 }
 
 TEST_F(NeighbourHostsFrom, StoresTheFirst46And17And19Characters)

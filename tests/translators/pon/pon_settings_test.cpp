@@ -198,7 +198,7 @@ TEST_F(PonSettingsFrom, StoresOnlyTheMembersThatAreThere)
 
 TEST_F(PonSettingsFrom, ChangesTheModeAloneWhenTheGroupsAreEmpty)
 {
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(R"({"mode": "EPON", "oam": {}, "omci": {}, "security": {}})"));
     EXPECT_STREQ(record().mode, "EPON");
     constexpr std::size_t behind_mode = sizeof record().mode;
@@ -211,7 +211,7 @@ TEST_F(PonSettingsFrom, TakesAGroupThatIsNoObjectForAnEmptyOne)
 {
     for (const std::string group : {"oam", "omci", "security"}) {
         for (const char *other : {"null", "1", "\"text\"", "true", "[]", R"([{"model_id": "M9", "loid": "9"}])"}) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(sample_text, group, other)));
             EXPECT_STREQ(record().mode, "GPON");
             if (group == "oam")
@@ -232,21 +232,21 @@ TEST_F(PonSettingsFrom, TakesAGroupThatIsNoObjectForAnEmptyOne)
 
 TEST_F(PonSettingsFrom, KeepsWhatWasStoredBeforeAMissingGroup)
 {
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(sample_text, "oam"), "oam", "oam fields not found"));
     EXPECT_STREQ(record().mode, "GPON");
     expect_oam_untouched();
     expect_omci_untouched();
     expect_security_untouched();
 
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(sample_text, "omci"), "omci", "omci fields not found"));
     EXPECT_STREQ(record().mode, "GPON");
     expect_oam_stored();
     expect_omci_untouched();
     expect_security_untouched();
 
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(sample_text, "security"), "security", "security fields not found"));
     EXPECT_STREQ(record().mode, "GPON");
     expect_oam_stored();
@@ -256,18 +256,18 @@ TEST_F(PonSettingsFrom, KeepsWhatWasStoredBeforeAMissingGroup)
 
 TEST_F(PonSettingsFrom, CutsTextsToTheirGroupsOwnWidths)
 {
-    expect_text("mode", record().mode);
-    expect_text("oam.model_id", record().oam_model_id);
-    expect_text("oam.vendor_id", record().oam_vendor_id);
-    expect_text("oam.onu_id_mac", record().onu_id_mac);
-    expect_text("oam.hardware_version", record().oam_hardware_version);
-    expect_text("omci.model_id", record().omci_model_id);
-    expect_text("omci.vendor_id", record().omci_vendor_id);
-    expect_text("omci.serial_number", record().serial_number);
-    expect_text("omci.hardware_version", record().omci_hardware_version);
-    expect_text("security.loid", record().loid);
-    expect_text("security.loid_password", record().loid_password);
-    expect_text("security.ploam_password", record().ploam_password);
+    expect_string("mode", record().mode);
+    expect_string("oam.model_id", record().oam_model_id);
+    expect_string("oam.vendor_id", record().oam_vendor_id);
+    expect_string("oam.onu_id_mac", record().onu_id_mac);
+    expect_string("oam.hardware_version", record().oam_hardware_version);
+    expect_string("omci.model_id", record().omci_model_id);
+    expect_string("omci.vendor_id", record().omci_vendor_id);
+    expect_string("omci.serial_number", record().serial_number);
+    expect_string("omci.hardware_version", record().omci_hardware_version);
+    expect_string("security.loid", record().loid);
+    expect_string("security.loid_password", record().loid_password);
+    expect_string("security.ploam_password", record().ploam_password);
 
     EXPECT_TRUE(accepts(with(with(sample_text, "oam.model_id", "\"ABCDEFG\""), "omci.model_id", "\"ABCDEFG\"")));
     EXPECT_STREQ(record().oam_model_id, "ABCD");

@@ -307,7 +307,7 @@ TEST_F(QosClassificationFrom, NeverStoresTheOrder)
 TEST_F(QosClassificationFrom, RejectsAnOrderOfAnyTypeAfterTheNameIsStored)
 {
     for (const char *json : {"1", "0", "null", "\"\"", "false", "{}", "[]", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "order", json), "order", "order is read-only field"));
         EXPECT_STREQ(record().rule_name, "Video conference");
         EXPECT_TRUE(untouched(record().order));
@@ -362,7 +362,7 @@ TEST_F(QosClassificationFrom, APrecedenceThatIsNoObjectLacksItsMembers)
 {
     for (const char *other :
          {"null", "true", "2", "\"2\"", "[]", "1.5", R"([{"precedence": 2, "cos_802_1p": 4, "dscp_remarking": 34}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(
             rejects(with(document, "precedence", other), "precedence.precedence", "precedence fields not found"));
         EXPECT_EQ(record().mode, 3U);
@@ -448,52 +448,52 @@ TEST_F(QosClassificationFrom, KeepsTheGroupsThatAreAbsentOrNoObjectsAndStoresThe
         return texts;
     };
     for (const std::string &text : texts_without("port")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         EXPECT_TRUE(untouched(record().physical_port));
         EXPECT_TRUE(untouched(record().port_dscp_pattern));
         EXPECT_EQ(record().ethertype_value, 34984);
     }
     for (const std::string &text : texts_without("ethertype")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         EXPECT_TRUE(untouched(record().ethertype_value));
         EXPECT_EQ(record().ip_version, 7U);
     }
     for (const std::string &text : texts_without("ip_protocol")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         expect_ip_untouched();
         EXPECT_STREQ(record().mac_src, "02:1a:11:f0:3c:71");
     }
     for (const std::string &text : texts_without("ip_protocol.ip_config_src")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         expect_source_untouched();
         EXPECT_STREQ(record().dst_ip4, "192.0.2.128");
     }
     for (const std::string &text : texts_without("ip_protocol.ip_config_dst")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         expect_destination_untouched();
         EXPECT_STREQ(record().src_ip4, "198.51.100.16");
     }
     for (const std::string &text : texts_without("ip_protocol.src_port")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         EXPECT_TRUE(untouched(record().src_port_start));
         EXPECT_TRUE(untouched(record().src_port_end));
         EXPECT_EQ(record().dst_port_start, 3478);
     }
     for (const std::string &text : texts_without("ip_protocol.dst_port")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         EXPECT_TRUE(untouched(record().dst_port_start));
         EXPECT_TRUE(untouched(record().dst_port_end));
         EXPECT_EQ(record().src_port_end, 50100);
     }
     for (const std::string &text : texts_without("mac")) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(text));
         EXPECT_TRUE(untouched(record().mac_src));
         EXPECT_TRUE(untouched(record().mac_dst));
@@ -529,15 +529,15 @@ TEST_F(QosClassificationFrom, KeepsTheLow16BitsOfAnEthertype)
 
 TEST_F(QosClassificationFrom, CutsTextsToTheirField)
 {
-    expect_text("rule_name", record().rule_name);
-    expect_text("ip_protocol.ip_config_src.ip4", record().src_ip4);
-    expect_text("ip_protocol.ip_config_src.ip4_mask", record().src_ip4_mask);
-    expect_text("ip_protocol.ip_config_src.ip6", record().src_ip6);
-    expect_text("ip_protocol.ip_config_dst.ip4", record().dst_ip4);
-    expect_text("ip_protocol.ip_config_dst.ip4_mask", record().dst_ip4_mask);
-    expect_text("ip_protocol.ip_config_dst.ip6", record().dst_ip6);
-    expect_text("mac.src", record().mac_src);
-    expect_text("mac.dst", record().mac_dst);
+    expect_string("rule_name", record().rule_name);
+    expect_string("ip_protocol.ip_config_src.ip4", record().src_ip4);
+    expect_string("ip_protocol.ip_config_src.ip4_mask", record().src_ip4_mask);
+    expect_string("ip_protocol.ip_config_src.ip6", record().src_ip6);
+    expect_string("ip_protocol.ip_config_dst.ip4", record().dst_ip4);
+    expect_string("ip_protocol.ip_config_dst.ip4_mask", record().dst_ip4_mask);
+    expect_string("ip_protocol.ip_config_dst.ip6", record().dst_ip6);
+    expect_string("mac.src", record().mac_src);
+    expect_string("mac.dst", record().mac_dst);
 }
 
 TEST_F(QosClassificationFrom, KeepsTheCommonContract) { expect_common_contract(); }

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/qos.h"
@@ -268,7 +268,7 @@ TEST_F(QosPolicyFrom, MissingKeysKeepWhatWasStoredBefore)
 TEST_F(QosPolicyFrom, AListThatIsTooShortKeepsTheQueuesThatItHas)
 {
     for (std::size_t count = 0; count < 4; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "queue_config", queues(count)), "queue_config", incomplete_queue));
         EXPECT_EQ(record().queue_mode, 3U);
         expect_stored_queues(count);
@@ -279,7 +279,7 @@ TEST_F(QosPolicyFrom, AListThatIsTooShortKeepsTheQueuesThatItHas)
 TEST_F(QosPolicyFrom, IgnoresQueuesBehindTheFourth)
 {
     for (const char *more : {R"({"enable": false, "weight": 99})", "{}", "null", "1"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "queue_config", queues(4, more))));
         expect_stored_queues(4);
         EXPECT_EQ(record().totalbandwidth_enable, 1);
@@ -292,7 +292,7 @@ TEST_F(QosPolicyFrom, AnIncompleteQueueStoresNeitherOfItsMembers)
     for (std::size_t count = 0; count < 4; ++count) {
         for (const char *incomplete : {R"({"enable": true})", R"({"weight": 14})", "{}", "null", "true", "14", "\"14\"",
                                        "[]", R"([{"enable": true, "weight": 14}])"}) {
-            make_stale();
+            poison();
             EXPECT_TRUE(
                 rejects(with(document, "queue_config", queues(count, incomplete)), "queue_config", incomplete_queue));
             expect_stored_queues(count);
@@ -304,7 +304,7 @@ TEST_F(QosPolicyFrom, AnIncompleteQueueStoresNeitherOfItsMembers)
 TEST_F(QosPolicyFrom, TakesQueuesThatAreNoArrayForMissingOnes)
 {
     for (const char *other : {"null", "{}", R"({"enable": true, "weight": 11})", "true", "4", "\"text\"", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "queue_config", other), "queue_config", incomplete_queue));
         EXPECT_EQ(record().queue_mode, 3U);
         expect_stored_queues(0);
@@ -320,14 +320,14 @@ TEST_F(QosPolicyFrom, AnIncompleteQueueIsReportedBeforeAMissingBandwidth)
 TEST_F(QosPolicyFrom, AnIncompleteBandwidthStoresNeitherOfItsMembers)
 {
     for (const char *member : {"bandwidth_config.totalbandwidth_enable", "bandwidth_config.totalbandwidth"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, member), "bandwidth_config", incomplete_bandwidth));
         expect_stored_queues(4);
         expect_bandwidth_untouched();
     }
     for (const char *other : {"{}", "null", "true", "90000", "\"90000\"", "[]",
                               R"([{"totalbandwidth_enable": true, "totalbandwidth": 90000}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "bandwidth_config", other), "bandwidth_config", incomplete_bandwidth));
         expect_stored_queues(4);
         expect_bandwidth_untouched();
@@ -359,16 +359,16 @@ TEST(QosPolicy, WritesBackTheLow8BitsOfAWeight)
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("policy", kelmora_host::Record(kelmora_qos_policy{}));
     const std::string text = with(document, "queue_config.1.weight", "300");
-    EXPECT_EQ(kelmora_host::write(qos_policy_from_translator, nodes.front(), text).result, 1);
-    EXPECT_THAT(kelmora_host::read(qos_policy_to_translator, nodes, false).text, HasSubstr("\"weight\": 44\n"));
+    EXPECT_EQ(kelmora_host::from_json(qos_policy_from_translator, nodes.front(), text).result, 1);
+    EXPECT_THAT(kelmora_host::to_json(qos_policy_to_translator, nodes, false).text, HasSubstr("\"weight\": 44\n"));
 }
 
 TEST(QosPolicy, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("policy", kelmora_host::Record(kelmora_qos_policy{}));
-    EXPECT_EQ(kelmora_host::write(qos_policy_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(qos_policy_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(qos_policy_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(qos_policy_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

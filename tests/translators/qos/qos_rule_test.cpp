@@ -271,8 +271,8 @@ TEST_F(QosRuleFrom, CutsIntegersToTheirWidth)
 
 TEST_F(QosRuleFrom, CutsTextsToTheirField)
 {
-    expect_text("name", record().name);
-    expect_text("target", record().target);
+    expect_string("name", record().name);
+    expect_string("target", record().target);
 }
 
 TEST_F(QosRuleFrom, KeepsTheCommonContract) { expect_common_contract(); }

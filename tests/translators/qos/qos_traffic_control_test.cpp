@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/qos.h"
@@ -321,14 +321,14 @@ TEST_F(QosTrafficControlFrom, ClearsAllFourForAGroupWithoutMembersAndGoesOn)
 {
     for (const char *other :
          {"{}", "null", "true", "1", "\"192.0.2.1\"", "[]", R"([{"src_ip": "192.0.2.1", "src_prefix_length": 1}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "ip4_config", other)));
         EXPECT_TRUE(is_clear(record().ip4_src_ip)) << other;
         EXPECT_EQ(record().ip4_src_prefix_length, 0) << other;
         EXPECT_TRUE(is_clear(record().ip4_dst_ip)) << other;
         EXPECT_EQ(record().ip4_dst_prefix_length, 0) << other;
         EXPECT_STREQ(record().ip6_src_ip, "2001:db8:4c::");
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "ip6_config", other)));
         EXPECT_TRUE(is_clear(record().ip6_src_ip)) << other;
         EXPECT_EQ(record().ip6_src_prefix_length, 0) << other;
@@ -354,11 +354,11 @@ TEST_F(QosTrafficControlFrom, CutsIntegersToTheirWidth)
 
 TEST_F(QosTrafficControlFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("ip4_config.src_ip", record().ip4_src_ip);
-    expect_text("ip4_config.dst_ip", record().ip4_dst_ip);
-    expect_text("ip6_config.src_ip", record().ip6_src_ip);
-    expect_text("ip6_config.dst_ip", record().ip6_dst_ip);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("ip4_config.src_ip", record().ip4_src_ip);
+    expect_string("ip4_config.dst_ip", record().ip4_dst_ip);
+    expect_string("ip6_config.src_ip", record().ip6_src_ip);
+    expect_string("ip6_config.dst_ip", record().ip6_dst_ip);
 }
 
 TEST_F(QosTrafficControlFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -369,8 +369,8 @@ TEST(QosTrafficControl, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("limit/ä", kelmora_host::Record(kelmora_qos_traffic_control{}));
-    EXPECT_EQ(kelmora_host::write(qos_traffic_control_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(qos_traffic_control_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(qos_traffic_control_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(qos_traffic_control_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
@@ -283,14 +283,14 @@ TEST_F(Tr069ConfigFrom, KeepsEachBlockThatIsAbsentAndReadsTheOthers)
     expect_stun_stored();
     EXPECT_STREQ(record().ca_cert, "the certificate");
 
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(without(document, "connection")));
     expect_acs_stored();
     expect_connection_untouched();
     expect_stun_stored();
     EXPECT_STREQ(record().ca_cert, "the certificate");
 
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(without(document, "stun")));
     expect_acs_stored();
     expect_connection_stored();
@@ -301,19 +301,19 @@ TEST_F(Tr069ConfigFrom, KeepsEachBlockThatIsAbsentAndReadsTheOthers)
 TEST_F(Tr069ConfigFrom, AsksForTheFirstKeyOfABlockThatIsThereAndHasNothing)
 {
     for (const std::string &block : empty_blocks) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "acs", block), "acs.acs_url", "acs_url field not found"));
         EXPECT_EQ(record().tr069_enable, 1);
         expect_acs_untouched();
         expect_connection_untouched();
 
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "connection", block), "connection.enabled", "enabled field not found"));
         expect_acs_stored();
         expect_connection_untouched();
         expect_stun_untouched();
 
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "stun", block), "stun.enabled", "enabled field not found"));
         expect_connection_stored();
         expect_stun_untouched();
@@ -423,14 +423,14 @@ TEST_F(Tr069ConfigFrom, CutsIntegersToTheirWidth)
 
 TEST_F(Tr069ConfigFrom, CutsTextsToTheirField)
 {
-    expect_text("acs.acs_url", record().acs_url);
-    expect_text("acs.acs_username", record().acs_username);
-    expect_text("acs.acs_password", record().acs_password);
-    expect_text("connection.conreq_name", record().conreq_name);
-    expect_text("connection.conreq_pw", record().conreq_pw);
-    expect_text("connection.conreq_path", record().conreq_path);
-    expect_text("stun.stun_server_addr", record().stun_server_addr);
-    expect_text("ca_cert", record().ca_cert);
+    expect_string("acs.acs_url", record().acs_url);
+    expect_string("acs.acs_username", record().acs_username);
+    expect_string("acs.acs_password", record().acs_password);
+    expect_string("connection.conreq_name", record().conreq_name);
+    expect_string("connection.conreq_pw", record().conreq_pw);
+    expect_string("connection.conreq_path", record().conreq_path);
+    expect_string("stun.stun_server_addr", record().stun_server_addr);
+    expect_string("ca_cert", record().ca_cert);
 }
 
 TEST_F(Tr069ConfigFrom, StoresTheFirst4096CharactersOfALongCertificate)
@@ -448,8 +448,8 @@ TEST(Tr069Config, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("cwmp", kelmora_host::Record(kelmora_tr069_config{}));
-    EXPECT_EQ(kelmora_host::write(tr069_config_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(tr069_config_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(tr069_config_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(tr069_config_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

@@ -2,8 +2,8 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/lists.h"
-#include "host/roads.h"
+#include "host/gateway/lists.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
@@ -253,7 +253,7 @@ protected:
     /// The entry of an element with this value in a member's place.
     Mtp entry_with(int index, const std::string &member, const std::string &json)
     {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "mtp." + std::to_string(index) + '.' + member, json)));
         return entry(index);
     }
@@ -338,7 +338,7 @@ TEST_F(Tr369LocalAgentControllerFrom, MissingKeyKeepsWhatIsStoredBeforeItAlone)
 TEST_F(Tr369LocalAgentControllerFrom, AddsNothingForAnEmptyArrayOrNoArray)
 {
     for (const char *json : {"[]", "null", "{}", "7", "1.5", "true", "\"text\"", websocket_json}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "mtp", json)));
         expect_settings_stored();
         EXPECT_EQ(record().mtp, nullptr);
@@ -361,7 +361,7 @@ TEST_F(Tr369LocalAgentControllerFrom, AddsEachOfManyMtpsOnce)
             json.append(json.empty() ? "[" : ", ").append(i % 2 == 0 ? mqtt_json : websocket_json);
             expected.push_back(i % 2 == 0 ? 1 : 0);
         }
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "mtp", json.empty() ? "[]" : json + "]")));
         EXPECT_EQ(protocols(), expected);
     }
@@ -398,7 +398,7 @@ TEST_F(Tr369LocalAgentControllerFrom, ReadsOnlyTheVariantOfTheProtocol)
 {
     EXPECT_TRUE(rejects(with(document, "mtp.0.protocol", "1"), "mtp.mqtt", "missing reference field"));
     EXPECT_TRUE(rejects(with(document, "mtp.1.protocol", "0"), "mtp.websocket.host", "missing host field"));
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(with(with(document, "mtp.0.mqtt", "7"), "mtp.1.websocket", "7")));
     EXPECT_STREQ(entry(1).variant.mqtt.reference, "the client");
 }
@@ -406,7 +406,7 @@ TEST_F(Tr369LocalAgentControllerFrom, ReadsOnlyTheVariantOfTheProtocol)
 TEST_F(Tr369LocalAgentControllerFrom, StopsAtAnElementThatIsNoObject)
 {
     for (const std::string other : {"null", "7", "\"text\"", "true", "[]", "{}"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with_elements({websocket_json, other, mqtt_json}), "mtp", "missing enabled field"));
         EXPECT_EQ(protocols(), Protocols{0});
     }
@@ -417,7 +417,7 @@ TEST_F(Tr369LocalAgentControllerFrom, KeepsTheMtpsInFrontOfAFailingOne)
     EXPECT_TRUE(rejects(without(document, "mtp.1.mqtt.reference_topic"), "mtp.mqtt", "missing reference_topic field"));
     expect_settings_stored();
     EXPECT_EQ(protocols(), Protocols{0});
-    make_stale();
+    poison();
     EXPECT_TRUE(rejects(without(document, "mtp.0.websocket.path"), "mtp.websocket", "missing path field"));
     expect_settings_stored();
     EXPECT_EQ(record().mtp, nullptr);
@@ -468,12 +468,12 @@ TEST_F(Tr369LocalAgentControllerFrom, StoresTheLow32BitsOfTheProtocolAndGoesByTh
     EXPECT_TRUE(accepts(with(document, "mtp.1.protocol", "4294967297")));
     EXPECT_EQ(protocols(), (Protocols{0, 1}));
     EXPECT_STREQ(entry(1).variant.mqtt.reference, "the client");
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(with(document, "mtp.0.protocol", "4294967296")));
     EXPECT_EQ(protocols(), (Protocols{0, 1}));
     for (const auto &[json, stored] : std::vector<std::pair<std::string, std::uint32_t>>{
              {"2", 2}, {"-1", 4294967295}, {"257", 257}, {"4294967301", 5}, {"-9223372036854775807", 1}}) {
-        make_stale();
+        poison();
         const std::string text = with(document, "mtp.1.protocol", json);
         if (stored == 1)
             EXPECT_TRUE(accepts(text));
@@ -538,7 +538,7 @@ TEST_F(Tr369LocalAgentControllerFrom, CutsIntegersToTheirWidth)
 
 TEST_F(Tr369LocalAgentControllerFrom, CutsTextsToTheirField)
 {
-    expect_text("endpoint_id", record().endpoint_id);
+    expect_string("endpoint_id", record().endpoint_id);
     for (const std::size_t length : {0U, 126U, 127U, 128U, 254U, 255U, 256U, 257U, 65536U}) {
         const std::string text(length, 't');
         const std::string json = '"' + text + '"';
@@ -574,7 +574,7 @@ TEST(Tr369LocalAgentController, TakesBackWhatItWrote)
     kelmora_errorlist errors;
     EXPECT_EQ(tr369_local_agent_controller_from_translator(nodes.front().resource(), sample_text, &errors), 1);
     EXPECT_EQ(errors.errors, std::vector<Error>{invalid_protocol});
-    EXPECT_EQ(kelmora_host::read(tr369_local_agent_controller_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::to_json(tr369_local_agent_controller_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

@@ -139,7 +139,7 @@ class Tr369LocalAgentMtpFrom : public FromTest<Mtp> {
 protected:
     Tr369LocalAgentMtpFrom() : FromTest(tr369_local_agent_mtp_from_translator, document)
     {
-        keeps_document_on_success_ = true;
+        leaks_document_on_success_ = true;
     }
 
     void expect_mqtt_untouched()
@@ -202,14 +202,14 @@ TEST_F(Tr369LocalAgentMtpFrom, MissingProtocolStoresTheSwitchAloneWhateverTheRec
 TEST_F(Tr369LocalAgentMtpFrom, EndsWithAnyOtherProtocolAndKeepsTheMqttSettings)
 {
     for (const char *protocol : {"0", "2", "-1", "4294967296", "257", "null", "\"1\"", "1.0", "true", "[1]"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "protocol", protocol)));
         EXPECT_EQ(record().enabled, 1);
         EXPECT_NE(record().protocol, 1U);
         EXPECT_FALSE(untouched(record().protocol));
         expect_mqtt_untouched();
     }
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(R"({"enabled": false, "protocol": 2})"));
     EXPECT_EQ(record().enabled, 0);
     EXPECT_EQ(record().protocol, 2U);
@@ -227,12 +227,12 @@ TEST_F(Tr369LocalAgentMtpFrom, StoresTheLow32BitsOfTheProtocolAndGoesByThem)
                                                                                          {"\"1\"", 0},
                                                                                          {"true", 0},
                                                                                          {"null", 0}}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "protocol", json)));
         EXPECT_EQ(record().protocol, stored) << json;
         expect_mqtt_untouched();
     }
-    make_stale();
+    poison();
     EXPECT_TRUE(accepts(with(document, "protocol", "4294967297")));
     EXPECT_EQ(record().protocol, 1U);
     EXPECT_STREQ(record().reference, "the client");
@@ -250,7 +250,7 @@ TEST_F(Tr369LocalAgentMtpFrom, MissingMqttConfigKeepsSwitchAndProtocol)
 TEST_F(Tr369LocalAgentMtpFrom, AsksForTheReferenceOfAnyMqttConfig)
 {
     for (const char *other : {"{}", "null", "1", "\"text\"", "true", "[]", R"([{"reference": "a"}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "mqtt_config", other), "mqtt_config.reference",
                             "mqtt_config.reference field not found"));
         EXPECT_EQ(record().protocol, 1U);
@@ -287,8 +287,8 @@ TEST_F(Tr369LocalAgentMtpFrom, CutsIntegersToTheirWidth) { expect_integer("mqtt_
 
 TEST_F(Tr369LocalAgentMtpFrom, CutsTextsToTheirField)
 {
-    expect_text("mqtt_config.reference", record().reference);
-    expect_text("mqtt_config.reference_topic", record().reference_topic);
+    expect_string("mqtt_config.reference", record().reference);
+    expect_string("mqtt_config.reference_topic", record().reference_topic);
 }
 
 TEST_F(Tr369LocalAgentMtpFrom, KeepsTheCommonContract) { expect_common_contract(); }

@@ -1,8 +1,8 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/lists.h"
-#include "host/roads.h"
+#include "host/gateway/lists.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
@@ -194,7 +194,7 @@ protected:
     /// The entry made of the first element with this value in the member's place.
     Subscription entry_with(const std::string &member, const std::string &json)
     {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "subscription.0." + member, json)));
         return record().subscription != nullptr ? *record().subscription : Subscription{};
     }
@@ -258,7 +258,7 @@ TEST_F(Tr369MqttClientFrom, MissingKeyKeepsWhatIsStoredBeforeItAlone)
         {"transport_protocol", [this] { return untouched(record().transport_protocol); }},
     };
     for (std::size_t missing = 0; missing < keys.size(); ++missing) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, keys[missing].first), keys[missing].first,
                             keys[missing].first + " field not found"));
         for (std::size_t i = 0; i < keys.size(); ++i)
@@ -277,7 +277,7 @@ TEST_F(Tr369MqttClientFrom, MissingSubscriptionsKeepTheSettings)
 TEST_F(Tr369MqttClientFrom, AddsNothingForAnEmptyArrayOrNoArray)
 {
     for (const char *json : {"[]", "null", "{}", "7", "1.5", "true", "\"text\"", R"({"enabled": true})"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "subscription", json)));
         expect_settings_stored();
         EXPECT_EQ(record().subscription, nullptr);
@@ -296,12 +296,12 @@ TEST_F(Tr369MqttClientFrom, AddsBehindTheSubscriptionsThatAreThere)
 TEST_F(Tr369MqttClientFrom, KeepsTheSubscriptionsInFrontOfAFailingOne)
 {
     for (const std::string member : {"enabled", "topic", "qos"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, "subscription.1." + member), "subscription", "no " + member + " field"));
         expect_settings_stored();
         EXPECT_EQ(subscriptions(), Texts{"1 first topic 1"});
 
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(without(document, "subscription.0." + member), "subscription", "no " + member + " field"));
         EXPECT_EQ(record().subscription, nullptr);
     }
@@ -310,7 +310,7 @@ TEST_F(Tr369MqttClientFrom, KeepsTheSubscriptionsInFrontOfAFailingOne)
 TEST_F(Tr369MqttClientFrom, StopsAtAnElementThatIsNoObject)
 {
     for (const std::string other : {"null", "7", "\"text\"", "true", "[]", "{}"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "subscription",
                                  R"([{"enabled": true, "topic": "a", "qos": 3}, )" + other +
                                      R"(, {"enabled": true, "topic": "b", "qos": 4}])"),
@@ -331,7 +331,7 @@ TEST_F(Tr369MqttClientFrom, AddsEachOfManySubscriptionsOnce)
                 '}';
             expected.push_back("1 t" + number + ' ' + number);
         }
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "subscription", json + "]")));
         EXPECT_EQ(subscriptions(), expected);
     }
@@ -386,10 +386,10 @@ TEST_F(Tr369MqttClientFrom, CutsIntegersToTheirWidth)
 
 TEST_F(Tr369MqttClientFrom, CutsTextsToTheirField)
 {
-    expect_text("brokeraddress", record().brokeraddress);
-    expect_text("username", record().username);
-    expect_text("password", record().password);
-    expect_text("clientID", record().clientID);
+    expect_string("brokeraddress", record().brokeraddress);
+    expect_string("username", record().username);
+    expect_string("password", record().password);
+    expect_string("clientID", record().clientID);
     for (const std::size_t length : {0U, 254U, 255U, 256U, 65536U}) {
         const std::string text(length, 't');
         EXPECT_EQ(std::string(entry_with("topic", '"' + text + '"').topic), text.substr(0, 255)) << length;
@@ -406,8 +406,8 @@ TEST(Tr369MqttClient, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("client0", kelmora_host::Record(Client{}));
-    EXPECT_EQ(kelmora_host::write(tr369_mqtt_client_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(tr369_mqtt_client_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(tr369_mqtt_client_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(tr369_mqtt_client_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

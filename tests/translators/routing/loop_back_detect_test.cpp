@@ -159,7 +159,7 @@ constexpr char document[] = R"({
 /// Success leaves the document unreleased, failures release it.
 class LoopBackDetectFrom : public FromTest<kelmora_loop_back_detect> {
 protected:
-    LoopBackDetectFrom() : FromTest(loop_back_detect_from_translator, document) { keeps_document_on_success_ = true; }
+    LoopBackDetectFrom() : FromTest(loop_back_detect_from_translator, document) { leaks_document_on_success_ = true; }
 
     testing::AssertionResult misses(const std::string &key)
     {
@@ -177,7 +177,7 @@ protected:
 
     std::uint16_t frame_type_of(const std::string &json)
     {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "frame_type", json)));
         return record().frame_type;
     }
@@ -283,7 +283,7 @@ TEST_F(LoopBackDetectFrom, StoresZeroForAFrameTypeThatIsNoNumber)
 TEST_F(LoopBackDetectFrom, TakesUpToSixteenVlansAndKeepsTheSlotsBehindThem)
 {
     for (int count = 0; count <= 16; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with_vlans(count)));
         for (int i = 0; i < count; ++i) {
             EXPECT_EQ(record().vlan_list[i].vlan_id, 200 + i) << i << " of " << count;
@@ -297,7 +297,7 @@ TEST_F(LoopBackDetectFrom, TakesUpToSixteenVlansAndKeepsTheSlotsBehindThem)
 TEST_F(LoopBackDetectFrom, RejectsMoreVlansAndStoresNoneOfThem)
 {
     for (const int count : {17, 18, 20, 1000}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with_vlans(count), "vlan_list", "vlan_list with more than 16 ids"));
         EXPECT_EQ(record().enabled, 1);
         EXPECT_EQ(record().detection_interval, 10);
@@ -323,7 +323,7 @@ TEST_F(LoopBackDetectFrom, LeavesTheSlotsOfAnEarlierLongerListInUse)
 TEST_F(LoopBackDetectFrom, TakesAListThatIsNoArrayForAnEmptyOne)
 {
     for (const char *other : {"[]", "{}", R"({"0": 100})", "null", "100", "\"100\"", "true", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "vlan_list", other)));
         EXPECT_EQ(record().frame_type, 0x88A8) << other;
         EXPECT_TRUE(untouched(record().vlan_list)) << other;

@@ -130,7 +130,7 @@ TEST_F(LoopbackDetectStatusFrom, CutsAPortOfEightCharactersToFour)
 
 TEST_F(LoopbackDetectStatusFrom, TakesOnlyTrueForTrue) { expect_boolean("loop_detect", record().loop_detect); }
 
-TEST_F(LoopbackDetectStatusFrom, CutsThePortToItsField) { expect_text("port", record().port); }
+TEST_F(LoopbackDetectStatusFrom, CutsThePortToItsField) { expect_string("port", record().port); }
 
 TEST_F(LoopbackDetectStatusFrom, KeepsTheCommonContract) { expect_common_contract(); }
 

@@ -92,7 +92,7 @@ constexpr char document[] = R"({"id": "never read", "interfaceID": "br1", "recei
 /// A missing key leaves the document unreleased, success releases it.
 class RipConfigFrom : public FromTest<kelmora_rip_config> {
 protected:
-    RipConfigFrom() : FromTest(rip_config_from_translator, document) { keeps_document_on_failure_ = true; }
+    RipConfigFrom() : FromTest(rip_config_from_translator, document) { leaks_document_on_failure_ = true; }
 };
 
 TEST_F(RipConfigFrom, StoresEveryKeyAndReleasesTheDocument)
@@ -140,7 +140,7 @@ TEST_F(RipConfigFrom, CutsTheModesToTheirWidth)
     expect_integer("send_mode", record().send_mode);
 }
 
-TEST_F(RipConfigFrom, CutsTheInterfaceToItsField) { expect_text("interfaceID", record().interfaceID); }
+TEST_F(RipConfigFrom, CutsTheInterfaceToItsField) { expect_string("interfaceID", record().interfaceID); }
 
 TEST_F(RipConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }
 

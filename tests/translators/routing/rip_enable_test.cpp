@@ -88,7 +88,7 @@ class RipEnableFrom : public FromTest<kelmora_rip_enable> {
 protected:
     RipEnableFrom() : FromTest(rip_enable_from_translator, R"({"id": "never read", "enable": true})")
     {
-        keeps_document_on_failure_ = true;
+        leaks_document_on_failure_ = true;
     }
 };
 
@@ -103,7 +103,7 @@ TEST_F(RipEnableFrom, StoresTheSwitchAndReleasesTheDocument)
 TEST_F(RipEnableFrom, MissingSwitchStoresNothingAndKeepsTheDocument)
 {
     expect_required_in_order({{"enable", "enable", "enable not found"}});
-    make_stale();
+    poison();
     for (const char *text : {"{ }", R"({"enabled": true})", R"({"Enable": true})", R"({"rip": {"enable": true}})"}) {
         EXPECT_TRUE(rejects(text, "enable", "enable not found"));
         EXPECT_TRUE(untouched(record()));

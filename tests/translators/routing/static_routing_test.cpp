@@ -198,7 +198,7 @@ TEST_F(StaticRoutingFrom, TakesARouteThatIsNoObjectForAnEmptyOne)
 {
     for (const char *other : {"{}", "null", "true", "1", "1.5", "\"10.40.0.0\"", "[]",
                               R"([{"destination": "10.40.0.0", "net_mask": "255.255.0.0"}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "route", other), "route.destination", "destination field not found"))
             << other;
         EXPECT_EQ(record().state, 1);
@@ -260,10 +260,10 @@ TEST_F(StaticRoutingFrom, TakesOnlyTrueForTrue) { expect_boolean("state", record
 
 TEST_F(StaticRoutingFrom, CutsTextsToTheirField)
 {
-    expect_text("route.destination", route().destination);
-    expect_text("route.net_mask", route().net_mask);
-    expect_text("route.next_hop", route().next_hop);
-    expect_text("route.interfaceID", route().interfaceID);
+    expect_string("route.destination", route().destination);
+    expect_string("route.net_mask", route().net_mask);
+    expect_string("route.next_hop", route().next_hop);
+    expect_string("route.interfaceID", route().interfaceID);
 }
 
 TEST_F(StaticRoutingFrom, KeepsTheCommonContract) { expect_common_contract(); }

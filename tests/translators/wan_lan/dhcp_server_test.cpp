@@ -178,7 +178,7 @@ constexpr char document[] = R"({
 /// Success leaves the document unreleased, failures release it.
 class DhcpServerFrom : public FromTest<kelmora_dhcp_server> {
 protected:
-    DhcpServerFrom() : FromTest(dhcp_server_from_translator, document) { keeps_document_on_success_ = true; }
+    DhcpServerFrom() : FromTest(dhcp_server_from_translator, document) { leaks_document_on_success_ = true; }
 
     testing::AssertionResult misses(const std::string &text, const std::string &key)
     {
@@ -296,11 +296,11 @@ TEST_F(DhcpServerFrom, CutsIntegersToTheirWidth)
 
 TEST_F(DhcpServerFrom, CutsTextsToTheirField)
 {
-    expect_text("interface", record().interface);
-    expect_text("rangeStart", record().rangeStart);
-    expect_text("rangeEnd", record().rangeEnd);
-    expect_text("dns1", record().dns1);
-    expect_text("dns2", record().dns2);
+    expect_string("interface", record().interface);
+    expect_string("rangeStart", record().rangeStart);
+    expect_string("rangeEnd", record().rangeEnd);
+    expect_string("dns1", record().dns1);
+    expect_string("dns2", record().dns2);
 }
 
 TEST_F(DhcpServerFrom, KeepsTheCommonContract) { expect_common_contract(); }

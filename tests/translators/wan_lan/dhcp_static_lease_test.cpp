@@ -176,9 +176,9 @@ TEST_F(DhcpStaticLeaseFrom, KeepsTheDescriptionThatIsAbsent) { expect_optional("
 
 TEST_F(DhcpStaticLeaseFrom, CutsTextsToTheirField)
 {
-    expect_text("mac", record().mac);
-    expect_text("ip", record().ip);
-    expect_text("description", record().description);
+    expect_string("mac", record().mac);
+    expect_string("ip", record().ip);
+    expect_string("description", record().description);
 }
 
 TEST_F(DhcpStaticLeaseFrom, StoresTheFirst32CharactersOfALongDescription)

@@ -155,7 +155,7 @@ protected:
                  {"{}", 0},
                  {"[5.0]", 0},
              }) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, path, json)));
             EXPECT_EQ(field, expected) << path << ": " << json;
         }
@@ -243,7 +243,7 @@ TEST_F(InterfaceStatisticsFrom, CutsIntegersToTheirWidth)
     expect_integer("time", record().time);
 }
 
-TEST_F(InterfaceStatisticsFrom, CutsTextsToTheirField) { expect_text("interfaceID", record().interfaceID); }
+TEST_F(InterfaceStatisticsFrom, CutsTextsToTheirField) { expect_string("interfaceID", record().interfaceID); }
 
 TEST_F(InterfaceStatisticsFrom, KeepsTheCommonContract) { expect_common_contract(); }
 

@@ -282,7 +282,7 @@ TEST_F(InterfaceFrom, BuildsAsManyNodesAsThereAreAddresses)
 {
     std::string json = R"("::0")";
     for (std::size_t count = 1; count <= 20; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "ip6_list", "[" + json + "]")));
         EXPECT_EQ(addresses().size(), count);
         EXPECT_EQ(addresses().back(), "::" + std::to_string(count - 1));
@@ -311,7 +311,7 @@ TEST_F(InterfaceFrom, LeavesTheChainAloneWhenThereIsNothingToAdd)
 TEST_F(InterfaceFrom, CutsAddressesToTheirField)
 {
     for (const std::size_t length : {44U, 45U, 46U, 47U, 5000U}) {
-        make_stale();
+        poison();
         const std::string text = quoted(length);
         EXPECT_TRUE(accepts(with(document, "ip6_list", "[" + text + "]")));
         ASSERT_EQ(addresses().size(), 1U);
@@ -330,9 +330,9 @@ TEST_F(InterfaceFrom, CutsIntegersToTheirWidth) { expect_integer("mtu", record()
 
 TEST_F(InterfaceFrom, CutsTextsToTheirField)
 {
-    expect_text("ip4", record().ip4);
-    expect_text("mac", record().mac);
-    expect_text("netmask", record().netmask);
+    expect_string("ip4", record().ip4);
+    expect_string("mac", record().mac);
+    expect_string("netmask", record().netmask);
 }
 
 TEST_F(InterfaceFrom, ReportsTheListThatNoMemoryIsLeftFor)
@@ -341,7 +341,7 @@ TEST_F(InterfaceFrom, ReportsTheListThatNoMemoryIsLeftFor)
     kelmora_errorlist errors;
     EXPECT_EQ(interface_from_translator(node_.resource(), document, &errors), 1);
     const std::size_t last = allocations::asked_for(); // the third address
-    make_stale();
+    poison();
     allocations::fail(last, Failing::once);
     EXPECT_TRUE(rejects(document, "ip6_list", "out of memory"));
     EXPECT_THAT(addresses(), ElementsAre("2001:db8::7", "fe80::7"));

@@ -165,8 +165,8 @@ TEST_F(LanFrom, KeepsTheGatewayThatIsAbsent) { expect_optional("gateway", record
 
 TEST_F(LanFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("gateway", record().gateway);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("gateway", record().gateway);
 }
 
 TEST_F(LanFrom, KeepsTheCommonContract) { expect_common_contract(); }

@@ -171,11 +171,11 @@ TEST_F(PppoeFrom, CutsIntegersToTheirWidth) { expect_integer("mtu", record().mtu
 
 TEST_F(PppoeFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("username", record().username);
-    expect_text("password", record().password);
-    expect_text("service", record().service);
-    expect_text("server", record().server);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("username", record().username);
+    expect_string("password", record().password);
+    expect_string("service", record().service);
+    expect_string("server", record().server);
 }
 
 TEST_F(PppoeFrom, KeepsTheCommonContract) { expect_common_contract(); }

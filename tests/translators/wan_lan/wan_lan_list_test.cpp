@@ -160,7 +160,7 @@ TEST_F(WanLanListFrom, StoresTheEntriesAndClearsTheRest)
 TEST_F(WanLanListFrom, TakesSixteenEntriesAndIgnoresTheOthers)
 {
     for (int count = 0; count <= 20; ++count) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "lan_list", ports(count))));
         for (int i = 0; i < 16; ++i) {
             if (i < count) {
@@ -191,7 +191,7 @@ TEST_F(WanLanListFrom, ClearsEveryEntryForAnythingButAnArray)
 {
     for (const char *other :
          {"[]", "{}", R"({"lan_id": "eth0.1", "enabled": true})", "null", "3", "\"eth0.1\"", "true", "1.5"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "lan_list", other)));
         for (const Entry &entry : record().lan_list)
             EXPECT_TRUE(is_clear(entry)) << other;
@@ -200,7 +200,7 @@ TEST_F(WanLanListFrom, ClearsEveryEntryForAnythingButAnArray)
 
 TEST_F(WanLanListFrom, MissingNameKeepsTheEntriesBeforeAndBehindIt)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "lan_list.1.lan_id"), "lan_list.lan_id", "field not found"));
     EXPECT_STREQ(record().lan_list[0].lan_id, "eth0.3");
     EXPECT_EQ(record().lan_list[0].enabled, 1);
@@ -210,7 +210,7 @@ TEST_F(WanLanListFrom, MissingNameKeepsTheEntriesBeforeAndBehindIt)
 
 TEST_F(WanLanListFrom, MissingSwitchStoresNothingOfItsEntry)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(without(document, "lan_list.1.enabled"), "lan_list.enabled", "field not found"));
     EXPECT_STREQ(record().lan_list[0].lan_id, "eth0.3");
     for (int i = 1; i < 16; ++i)
@@ -219,14 +219,14 @@ TEST_F(WanLanListFrom, MissingSwitchStoresNothingOfItsEntry)
 
 TEST_F(WanLanListFrom, AsksForTheNameBeforeTheSwitch)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     EXPECT_TRUE(rejects(with(document, "lan_list", "[{}]"), "lan_list.lan_id", "field not found"));
     EXPECT_TRUE(untouched(record()));
 }
 
 TEST_F(WanLanListFrom, AnEntryThatIsNoObjectLacksItsName)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     for (const char *other :
          {"null", "1", "\"eth0.1\"", "true", "1.5", "[]", R"([{"lan_id": "a", "enabled": true}])"}) {
         EXPECT_TRUE(
@@ -237,7 +237,7 @@ TEST_F(WanLanListFrom, AnEntryThatIsNoObjectLacksItsName)
 
 TEST_F(WanLanListFrom, TheSixteenthEntryMayFailToo)
 {
-    keeps_document_ = true;
+    leaks_document_ = true;
     const std::string text = with(document, "lan_list", ports(16));
     EXPECT_TRUE(rejects(without(text, "lan_list.15.lan_id"), "lan_list.lan_id", "field not found"));
     EXPECT_STREQ(record().lan_list[14].lan_id, "port14");
@@ -267,8 +267,8 @@ TEST_F(WanLanListFrom, TakesOnlyTrueForTrue)
 
 TEST_F(WanLanListFrom, CutsTextsToTheirField)
 {
-    expect_text("lan_list.0.lan_id", record().lan_list[0].lan_id);
-    expect_text("lan_list.2.lan_id", record().lan_list[2].lan_id);
+    expect_string("lan_list.0.lan_id", record().lan_list[0].lan_id);
+    expect_string("lan_list.2.lan_id", record().lan_list[2].lan_id);
 }
 
 TEST_F(WanLanListFrom, KeepsTheCommonContract) { expect_common_contract(); }

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
@@ -305,7 +305,7 @@ TEST_F(WanFrom, AsksForTheAutomaticSwitchOfAnyIpv4Dns)
 {
     for (const char *other :
          {"{}", R"({"dns1": "192.0.2.1"})", "null", "1", "\"text\"", "true", "[]", R"([{"automatic": true}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "dns_v4", other), "dns_v4.automatic", "automatic field not found"));
         EXPECT_STREQ(record().gateway_v6, "2001:db8:99::1");
         EXPECT_TRUE(untouched(record().dns_v4_automatic));
@@ -318,7 +318,7 @@ TEST_F(WanFrom, AsksForTheAutomaticSwitchOfAnyIpv6Dns)
 {
     for (const char *other :
          {"{}", R"({"dns1": "2001:db8::1"})", "null", "1", "\"text\"", "true", "[]", R"([{"automatic": true}])"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "dns_v6", other), "dns_v6.automatic", "automatic field not found"));
         EXPECT_EQ(record().dns_v4_automatic, 1);
         EXPECT_STREQ(record().dns_v4_dns3, "198.51.100.55");
@@ -423,16 +423,16 @@ TEST_F(WanFrom, StoresAVlanThoughTheConnectionIsUntagged)
 
 TEST_F(WanFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("gateway", record().gateway);
-    expect_text("gateway_v6", record().gateway_v6);
-    expect_text("dns_v4.dns1", record().dns_v4_dns1);
-    expect_text("dns_v4.dns2", record().dns_v4_dns2);
-    expect_text("dns_v4.dns3", record().dns_v4_dns3);
-    expect_text("dns_v6.dns1", record().dns_v6_dns1);
-    expect_text("dns_v6.dns2", record().dns_v6_dns2);
-    expect_text("dns_v6.dns3", record().dns_v6_dns3);
-    expect_text("clonedMac", record().clonedMac);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("gateway", record().gateway);
+    expect_string("gateway_v6", record().gateway_v6);
+    expect_string("dns_v4.dns1", record().dns_v4_dns1);
+    expect_string("dns_v4.dns2", record().dns_v4_dns2);
+    expect_string("dns_v4.dns3", record().dns_v4_dns3);
+    expect_string("dns_v6.dns1", record().dns_v6_dns1);
+    expect_string("dns_v6.dns2", record().dns_v6_dns2);
+    expect_string("dns_v6.dns3", record().dns_v6_dns3);
+    expect_string("clonedMac", record().clonedMac);
 }
 
 TEST_F(WanFrom, KeepsTheCommonContract) { expect_common_contract(); }
@@ -443,8 +443,8 @@ TEST(Wan, TakesBackWhatItWrote)
 {
     std::vector<kelmora_host::Node> nodes;
     nodes.emplace_back("wan0", kelmora_host::Record(kelmora_wan{}));
-    EXPECT_EQ(kelmora_host::write(wan_from_translator, nodes.front(), sample_text).result, 1);
-    EXPECT_EQ(kelmora_host::read(wan_to_translator, nodes, false).text, sample_text);
+    EXPECT_EQ(kelmora_host::from_json(wan_from_translator, nodes.front(), sample_text).result, 1);
+    EXPECT_EQ(kelmora_host::to_json(wan_to_translator, nodes, false).text, sample_text);
 }
 
 } // namespace

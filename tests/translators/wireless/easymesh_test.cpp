@@ -340,7 +340,7 @@ protected:
     /// Puts a chain of two nodes into the record, and returns it.
     Neighbor *add_old_chain()
     {
-        make_stale();
+        poison();
         record().neighbors = kelmora_host::make_chain<Neighbor>({{.mac = "old"}, {.mac = "older"}});
         return record().neighbors;
     }
@@ -364,7 +364,7 @@ protected:
         for (const char *other : {"1", "1.5", "true", "null", "{}", "[\"text\"]"})
             cases.emplace_back(other, "");
         for (auto &[json, expected] : cases) {
-            make_stale();
+            poison();
             EXPECT_TRUE(accepts(with(document, "neighbors.0." + key, json)));
             expected.resize(width, '\0');
             ASSERT_NE(record().neighbors, nullptr);
@@ -474,7 +474,7 @@ TEST_F(EasymeshFrom, ReplacesTheWholeChain)
 TEST_F(EasymeshFrom, StoresAnyNumberOfNeighbors)
 {
     for (int count = 1; count <= 20; ++count) {
-        make_stale();
+        poison();
         std::string json = "[";
         std::vector<std::string> expected;
         for (int i = 0; i < count; ++i) {
@@ -511,7 +511,7 @@ TEST_F(EasymeshFrom, MissingAddressOfALaterOneKeepsThoseBeforeAndEndsTheChain)
 TEST_F(EasymeshFrom, ANeighborThatIsNoObjectLacksItsAddress)
 {
     for (const char *other : {"null", "1", "1.5", "true", "\"mac\"", "[]", R"([{"mac": "a"}])", "{}"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(with(document, "neighbors", R"([{"mac": "a"}, )" + std::string(other) + "]"), "neighbors",
                             "no mac field"));
         EXPECT_THAT(addresses(), ElementsAre("a"));
@@ -555,7 +555,7 @@ TEST_F(EasymeshFrom, CutsIntegersToTheirWidth)
 
 TEST_F(EasymeshFrom, CutsTextsToTheirField)
 {
-    expect_text("controllerIp", record().controllerIp);
+    expect_string("controllerIp", record().controllerIp);
     expect_node_text("mac", &Neighbor::mac);
     expect_node_text("name", &Neighbor::name);
     expect_node_text("model", &Neighbor::model);

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/roads.h"
+#include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
 #include "records/wireless.h"
@@ -249,10 +249,10 @@ TEST_F(WirelessFrom, CutsIntegersToTheirWidth)
 
 TEST_F(WirelessFrom, CutsTextsToTheirField)
 {
-    expect_text("interfaceID", record().interfaceID);
-    expect_text("radioID", record().radioID);
-    expect_text("ssid", record().ssid);
-    expect_text("key", record().key);
+    expect_string("interfaceID", record().interfaceID);
+    expect_string("radioID", record().radioID);
+    expect_string("ssid", record().ssid);
+    expect_string("key", record().key);
 }
 
 TEST_F(WirelessFrom, StoresTheFirst32CharactersOfALongSsid)
@@ -269,9 +269,9 @@ TEST(Wireless, WritesBackTheThresholdAndTheCodesThatWereStored)
 {
     kelmora_host::Node node("wlan0", kelmora_host::Record(kelmora_wireless{}));
     const std::string text = with(with(document, "client_mode_rssi", "-70"), "cipher", "4294967295");
-    EXPECT_EQ(kelmora_host::write(wireless_from_translator, node, text).result, 1);
+    EXPECT_EQ(kelmora_host::from_json(wireless_from_translator, node, text).result, 1);
     std::vector<kelmora_host::Node> nodes{node};
-    EXPECT_THAT(kelmora_host::read(wireless_to_translator, nodes, false).text,
+    EXPECT_THAT(kelmora_host::to_json(wireless_to_translator, nodes, false).text,
                 AllOf(HasSubstr(R"("client_mode_rssi": -70)"), HasSubstr(R"("cipher": 4294967295)")));
 }
 

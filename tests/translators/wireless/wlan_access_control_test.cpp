@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/lists.h"
+#include "host/gateway/lists.h"
 #include "kelmora_json.h"
 #include "records/wireless.h"
 
@@ -181,7 +181,7 @@ TEST_F(WlanAccessControlFrom, CutsTheModeToItsWidth)
                                                             {"-1", 4294967295},
                                                             {"9223372036854775807", 4294967295},
                                                             {"-9223372036854775808", 0}}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(with(document, "mode", json)));
         EXPECT_EQ(record().mode, expected) << json;
     }
@@ -219,7 +219,7 @@ TEST_F(WlanAccessControlFrom, HasTheHostEmptyTheChainForAnEmptyList)
 TEST_F(WlanAccessControlFrom, StoresAnyNumberOfAddresses)
 {
     for (int count = 0; count <= 20; ++count) {
-        make_stale();
+        poison();
         std::string json = "[";
         std::vector<std::string> expected;
         for (int i = 0; i < count; ++i) {
@@ -240,7 +240,7 @@ TEST_F(WlanAccessControlFrom, StoresEmptyTextsToo)
 TEST_F(WlanAccessControlFrom, TakesOnlyTextsForAddressesAndKeepsThoseBefore)
 {
     for (const char *other : {"7", "1.5", "true", "false", "null", "{}", "[]", "[\"x\"]"}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(rejects(listing("[\"aa:bb:cc:dd:ee:ff\", " + std::string(other) + ", \"never read\"]"),
                             "mac_address", "data type must be a valid string"));
         EXPECT_EQ(record().mode, 7U);
@@ -251,7 +251,7 @@ TEST_F(WlanAccessControlFrom, TakesOnlyTextsForAddressesAndKeepsThoseBefore)
 TEST_F(WlanAccessControlFrom, CutsAddressesToTheirField)
 {
     for (const std::size_t length : {1U, 16U, 17U, 18U, 20U, 65536U}) {
-        make_stale();
+        poison();
         EXPECT_TRUE(accepts(listing("[" + quoted(length) + "]")));
         std::string expected = std::string("abcdefghijklmnopq").substr(0, length);
         expected.resize(18, '\0');

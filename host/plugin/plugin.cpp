@@ -1,0 +1,45 @@
+#include "host/plugin/plugin.h"
+
+#include "host/gateway/resources.h"
+#include "host/plugin/registry.h"
+
+#include <dlfcn.h>
+
+namespace kelmora_host {
+
+namespace {
+
+template <class Function> Function *symbol(void *library, const char *name)
+{
+    void *address = dlsym(library, name);
+    if (address == nullptr)
+        throw PluginError(dlerror());
+    return reinterpret_cast<Function *>(address);
+}
+
+} // namespace
+
+Plugin::Plugin(const std::filesystem::path &path)
+{
+    // A name without a slash would be searched for in the system's library folders.
+    void *library = dlopen(std::filesystem::absolute(path).c_str(), RTLD_LAZY | RTLD_LOCAL);
+    if (library == nullptr)
+        throw PluginError(dlerror());
+    auto *init = symbol<int()>(library, "kelmora_json_init");
+    auto *get_version = symbol<const char *()>(library, "kelmora_json_get_version");
+
+    init();
+    for (const Resource &resource : resources()) {
+        if (Registry::instance().find(resource.number) == nullptr)
+            throw PluginError(path.string() + ": no translators registered for " + std::string(resource.name));
+    }
+    version_ = get_version();
+}
+
+std::filesystem::path Plugin::default_path()
+{
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
+    return program.parent_path() / ("libkelmora_json.so." + std::string(default_version));
+}
+
+} // namespace kelmora_host

@@ -1,0 +1,36 @@
+#ifndef KELMORA_SOAK_KEPT_PATHS_H
+#define KELMORA_SOAK_KEPT_PATHS_H
+
+#include "host/plugin/translate.h"
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace kelmora_soak {
+
+/// A path on which a resource's contract leaves the parsed document unreleased.
+struct KnownLeak {
+    std::string_view resource;
+    int result;             ///< the translator's
+    std::string_view error; ///< the error's field; with a * at the end any that begins so
+    std::string_view reason;
+};
+
+/// All of them, by resource.
+[[nodiscard]] std::span<const KnownLeak> known_leaks();
+
+/// The one that a write took, or NULL: whatever the build does with the document on it.
+[[nodiscard]] const KnownLeak *known_leak(std::string_view resource, const std::string &text,
+                                          const kelmora_host::Decoded &answer);
+
+/// Whether the library was built to release the document on these paths as well.
+#ifdef KELMORA_RELEASE_ALL
+inline constexpr bool releases_all = true;
+#else
+inline constexpr bool releases_all = false;
+#endif
+
+} // namespace kelmora_soak
+
+#endif

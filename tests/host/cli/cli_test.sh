@@ -1,0 +1,356 @@
+#!/bin/sh
+# End-to-end tests of kelmora-host: cli_test.sh COMMAND..., the words that run it, the program last
+# ("build/release/kelmora-host", "qemu-mips -L /usr/mips-linux-gnu build/mips/kelmora-host"). The plug-in lies beside
+# the program. Prints what failed; exits 0 when nothing did.
+set -u
+
+if [ $# -eq 0 ]; then
+    echo "usage: cli_test.sh COMMAND..." >&2
+    exit 2
+fi
+
+examples=$(cd "$(dirname "$0")/../../../examples" && pwd) || exit 1
+work=$(mktemp -d) || exit 1
+trap 'rm -rf "$work"' EXIT
+
+launcher=
+program=
+for word in "$@"; do
+    [ -z "$program" ] || launcher="$launcher '$program'"
+    program=$word
+done
+host() { eval "$launcher '$program'" '"$@"'; }
+
+cases=0
+failures=0
+
+# try ARGUMENT...: what the checks below are about. The input is the caller's.
+try() {
+    cases=$((cases + 1))
+    case="kelmora-host $*"
+    host "$@" >"$work/out" 2>"$work/err"
+    status=$?
+}
+
+fail() {
+    failures=$((failures + 1))
+    printf '%s\n  %s\n' "FAILED: $case" "$1"
+    printf '  exit status: %s\n  stdout: %s\n  stderr: %s\n' "$status" "$(cat "$work/out")" "$(cat "$work/err")"
+}
+
+status_is() {
+    [ "$status" -eq "$1" ] || fail "expected exit status $1"
+}
+
+# out_is LINES, err_is LINES: that and an end of line; nothing at all for the empty text.
+is() {
+    if [ -n "$2" ]; then printf '%s\n' "$2"; fi >"$work/expected"
+    cmp -s "$work/$1" "$work/expected" || fail "expected on std$1: $2"
+}
+out_is() { is out "$1"; }
+err_is() { is err "$1"; }
+
+has() {
+    grep -qF -e "$2" "$work/$1" || fail "expected somewhere on std$1: $2"
+}
+out_has() { has out "$1"; }
+err_has() { has err "$1"; }
+
+# succeeds OUT, fails_with STATUS ERR: the whole of what the program says.
+succeeds() {
+    status_is 0
+    out_is "$1"
+    err_is ""
+}
+fails_with() {
+    status_is "$1"
+    out_is ""
+    err_is "$2"
+}
+
+radio0='{"id": "radio0", "enabled": true, "opMode": 2, "frequency": 1, "configuredChannel": 0, "channel": 6, "extension": 1, "bandwidth": 20, "mu_mimo": false, "beamforming": true, "ofdma": true, "twt": false, "power": 100}'
+radio1='{"id": "radio1", "enabled": true, "opMode": 2, "frequency": 2, "configuredChannel": 36, "channel": 36, "extension": 1, "bandwidth": 80, "mu_mimo": true, "beamforming": true, "ofdma": true, "twt": true, "power": 75}'
+written='"enabled": true, "opMode": 3, "frequency": 2, "configuredChannel": 100, "channel": 100, "extension": 2, "bandwidth": 160, "mu_mimo": true, "beamforming": false, "ofdma": true, "twt": false, "power": 50}'
+survey0='{
+                "bandwidth": 20,
+                "channel": 11,
+                "cipher": 4,
+                "crypto": 4,
+                "extension": 0,
+                "mac": "9c:c7:a6:5e:20:b4",
+                "op_mode": 1,
+                "signal_level": -45,
+                "ssid": "Villa Kunterbunt"
+}'
+
+# ---- list
+
+try list
+status_is 0
+err_is ""
+[ "$(wc -l <"$work/out")" -eq 100 ] || fail "expected a header, 98 resources and the totals"
+out_has "NUMBER  RESOURCE                          DIRECTIONS  GROUP"
+out_has "     5  radio                             both        wireless"
+out_has "    20  site_survey                       to only     wireless"
+out_has "    12  telnet                            from only   device"
+tail -n 1 "$work/out" | grep -q '^98 pairs registered by libkelmora_json 1\.3\.0, numbers 0 to 97$' ||
+    fail "expected the totals last"
+
+try list --group pon
+status_is 0
+[ "$(grep -c '  pon$' "$work/out")" -eq 8 ] || fail "expected the eight resources of the group"
+tail -n 1 "$work/out" | grep -q '^8 pairs of the group pon registered by libkelmora_json 1\.3\.0, numbers 35 to 45$' ||
+    fail "expected the totals of the group last"
+
+try list --group wireless --json
+status_is 0
+err_is ""
+[ "$(wc -l <"$work/out")" -eq 1 ] || fail "expected one line"
+out_has '[{"number": 0, "resource": "wireless", "directions": "both", "group": "wireless"}, {"number": 5,'
+out_has ' {"number": 20, "resource": "site_survey", "directions": "to only", "group": "wireless"}, {"number": 22,'
+
+try list --group garden
+status_is 2
+out_is ""
+err_has "kelmora-host: error: --group: garden not in {"
+
+# ---- show
+
+try show radio
+succeeds "[$radio0, $radio1]"
+
+try show radio --id radio1
+succeeds "$radio1"
+
+try show wireless --id wlan0.1
+succeeds '{"mode": 1, "enabled": false, "id": "wlan0.1", "ieee_std": 6, "interfaceID": "wlan0.1", "radioID": "radio0", "broadcast": true, "ssid": "Nordlicht Gäste", "bssid": "02:1a:11:f0:3c:03", "cipher": 4, "crypto": 4, "key": "welcome to our house", "wps": false, "isRoot": true, "client_mode_rssi": -80, "guest_network": true}'
+
+try show site_survey --id 0
+succeeds "$survey0"
+
+try show radio --id radio9
+fails_with 2 'kelmora-host: error: radio: no record of the id "radio9"; there are 2: radio0, radio1'
+
+try show radios
+fails_with 2 'kelmora-host: error: no resource "radios"; similar: radio'
+
+try show radio --json
+fails_with 2 'kelmora-host: error: The following argument was not expected: --json; see kelmora-host --help'
+
+# ---- set: accepted
+
+try set radio "$examples/radio.json"
+succeeds '{"id": "radio0", '"$written"
+
+try set radio --id radio1 "$examples/radio.json"
+succeeds '{"id": "radio1", '"$written"
+
+try set radio --id radio1 --json "$examples/radio.json"
+succeeds '{"accepted": true, "record": {"id": "radio1", '"$written"'}'
+
+try set radio --id radio1 <"$examples/radio.json"
+succeeds '{"id": "radio1", '"$written"
+
+try set radio - --id radio1 <"$examples/radio.json"
+succeeds '{"id": "radio1", '"$written"
+
+printf '%s\n' "$radio1" >"$work/radio1.json"
+try set radio "$work/radio1.json"
+succeeds '{"id": "radio0", '"${radio1#*, }"
+
+try set wireless --id wlan1 "$examples/wireless.json"
+succeeds '{"mode": 2, "enabled": true, "id": "wlan1", "ieee_std": 8, "interfaceID": "wlan2", "radioID": "radio1", "broadcast": false, "ssid": "Attic workshop", "bssid": "02:1a:11:f0:3c:02", "cipher": 6, "crypto": 7, "key": "forty-two paper boats", "wps": true, "isRoot": false, "client_mode_rssi": -62, "guest_network": true}'
+
+try set radio /dev/null
+succeeds "$radio0"
+
+echo "no JSON at all" >"$work/plain"
+try set site_survey "$work/plain"
+status_is 0
+out_is "$survey0"
+err_is 'kelmora-host: warning: site_survey is read-only: the plug-in ignores what is written'
+
+# ---- set: rejected
+
+try set radio "$examples/radio-missing-power.json"
+fails_with 1 "$examples/radio-missing-power.json: error: power field not found (field \"power\", source \"json\")"
+
+try set radio --json "$examples/radio-missing-power.json"
+status_is 1
+out_is '{"accepted": false, "errors": [{"field": "power", "message": "power field not found", "source": "json"}]}'
+err_is ""
+
+try set radio "$examples/radio-broken.json"
+fails_with 1 "$examples/radio-broken.json:7:15: error: invalid json data: '}' expected near '\"extension\"'"
+
+try set radio --json "$examples/radio-broken.json"
+status_is 1
+out_is "{\"accepted\": false, \"errors\": [{\"field\": \"\", \"message\": \"invalid json data\", \"source\": \"json\", \"line\": 7, \"column\": 15, \"detail\": \"'}' expected near '\\\"extension\\\"'\"}]}"
+err_is ""
+
+try set radio <"$examples/radio-broken.json"
+fails_with 1 "<stdin>:7:15: error: invalid json data: '}' expected near '\"extension\"'"
+
+try set radio <"$examples/radio-missing-power.json"
+fails_with 1 '<stdin>: error: power field not found (field "power", source "json")'
+
+tr '}' '\0' <"$examples/radio.json" >"$work/nul"
+try set radio "$work/nul"
+fails_with 1 "$work/nul:14:1: error: NUL byte in the text"
+
+printf '{}\0' >"$work/nul"
+try set radio --json <"$work/nul"
+status_is 1
+out_is '{"accepted": false, "errors": [{"field": "", "message": "NUL byte in the text", "source": "kelmora-host", "line": 1, "column": 3}]}'
+err_is ""
+
+# ---- resources whose payload is 8 raw bytes
+
+try show backup_restore
+succeeds "00 00 00 02 68 4b 11 f0"
+
+try show upgrade_by_file
+status_is 0
+out_is ""
+err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to read'
+
+printf '\0{\n\377"}\0\1' >"$work/block"
+try set backup_restore "$work/block"
+succeeds "00 7b 0a ff 22 7d 00 01"
+
+try set backup_restore --json <"$work/block"
+succeeds '{"accepted": true, "record": "00 7b 0a ff 22 7d 00 01"}'
+
+try set upgrade_by_file "$work/block"
+status_is 0
+out_is ""
+err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to read back'
+
+printf '{"a":1}\n\0' >"$work/block"
+try set backup_restore "$work/block"
+fails_with 1 "$work/block: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9"
+
+try set upgrade_by_file --json /dev/null
+status_is 1
+out_is '{"accepted": false, "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}]}'
+err_is ""
+
+# ---- every resource: its sample can be shown, and its example written
+
+for resource in $(host list | awk '$1 ~ /^[0-9]+$/ && NF > 3 && $2 != "pairs" { print $2 }'); do
+    try show "$resource"
+    status_is 0
+    [ ! -f "$examples/$resource.json" ] || {
+        try set "$resource" "$examples/$resource.json"
+        status_is 0
+    }
+done
+
+# ---- a document that is accepted although something in it is reported
+
+printf '{"enabled": true, "endpoint_id": "e", "periodic_notific_interval": 1, "mtp": [{"enabled": true, "protocol": 7}]}' \
+    >"$work/controller.json"
+try set tr369_local_agent_controller "$work/controller.json"
+status_is 0
+out_has '{"enabled": true, "protocol": 7}]}'
+err_is "$work/controller.json: warning: invalid protocol (field \"mtp.protocol\", source \"json\")"
+
+# ---- the command line is wrong
+
+try
+fails_with 2 'kelmora-host: error: A subcommand is required; see kelmora-host --help'
+
+try get radio
+fails_with 2 'kelmora-host: error: no command or option "get"; see kelmora-host --help'
+
+try set
+fails_with 2 'kelmora-host: error: RESOURCE is required; see kelmora-host --help'
+
+try set teapot "$examples/radio.json"
+fails_with 2 'kelmora-host: error: no resource "teapot"; kelmora-host list names them all'
+
+try set radio --id radio9 "$work/missing.json"
+fails_with 2 'kelmora-host: error: radio: no record of the id "radio9"; there are 2: radio0, radio1'
+
+try set radio --id radio0 --id radio1 "$examples/radio.json"
+status_is 2
+out_is ""
+
+try set radio "$examples/radio.json" "$examples/radio.json"
+status_is 2
+out_is ""
+
+# ---- the environment fails
+
+try set radio "$work/missing.json"
+fails_with 4 "$work/missing.json: error: No such file or directory"
+
+try set radio "$work"
+fails_with 4 "$work: error: Is a directory"
+
+try set radio <"$work"
+fails_with 4 "<stdin>: error: Is a directory"
+
+try set radio <&-
+fails_with 4 "<stdin>: error: Bad file descriptor"
+
+try set radio "$examples/radio.json" --plugin "$work/missing.so"
+fails_with 4 "kelmora-host: error: $work/missing.so: cannot open shared object file: No such file or directory"
+
+try --plugin "$examples/radio.json" list
+status_is 4
+out_is ""
+err_has "kelmora-host: error: $examples/radio.json: "
+
+# Some shared object that the program can load: the C library, found where the program's own loader finds it.
+other=$(ldd "$program" 2>/dev/null | awk '$1 == "libc.so.6" { print $3 }')
+try --plugin "${other:-/lib/libc.so.6}" show radio
+status_is 4
+out_is ""
+err_has "libc.so.6: undefined symbol: kelmora_json_init"
+
+for target in /dev/full -; do
+    for arguments in "list" "show radio" "set radio --json $examples/radio.json" "--help" "--version"; do
+        cases=$((cases + 1))
+        case="kelmora-host $arguments >$target"
+        : >"$work/out"
+        # shellcheck disable=SC2086 # the arguments are words
+        if [ "$target" = - ]; then
+            host $arguments >&- 2>"$work/err"
+        else
+            host $arguments >"$target" 2>"$work/err"
+        fi
+        status=$?
+        status_is 4
+        err_is "kelmora-host: error: the output cannot be written"
+    done
+done
+
+# ---- help and version
+
+try --version
+succeeds "kelmora-host 1.3.0"
+
+try --help
+status_is 0
+err_is ""
+out_has "Examples:"
+out_has "Exit status:"
+
+try set --help
+status_is 0
+err_is ""
+out_has "--id ID"
+
+# ---- no plug-in beside the program
+
+cp "$program" "$work/kelmora-host"
+program=$work/kelmora-host
+try list
+fails_with 4 "kelmora-host: error: $work/libkelmora_json.so.1.3.0: cannot open shared object file: No such file or directory"
+
+if [ "$failures" -ne 0 ]; then
+    echo "$failures checks failed in $cases cases"
+    exit 1
+fi
+echo "$cases cases passed"

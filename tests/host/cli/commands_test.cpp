@@ -1,0 +1,446 @@
+#include "host/cli/commands.h"
+
+#include "host/cli/diagnostics.h"
+#include "kelmora_json.h"
+#include "kelmora_records.h"
+
+#include <algorithm>
+#include <cstring>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace kelmora_host {
+
+namespace {
+
+using namespace std::string_literals;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+using StatusAndLine = std::pair<Status, std::string>;
+
+StatusAndLine failure_of(const std::function<void()> &command)
+{
+    try {
+        command();
+    } catch (const Failure &failure) {
+        return {failure.status(), failure.what()};
+    }
+    return {Status::done, "no failure"};
+}
+
+// Resources of the tests' own, with translators of their own.
+
+struct Door {
+    int locked;
+};
+
+constexpr Resource door{200, "door", "house", Directions::both};
+constexpr Resource bell{201, "bell", "house", Directions::from_only};
+constexpr Resource window{202, "window", "house", Directions::to_only};
+constexpr Resource stubborn{203, "stubborn", "house", Directions::both};
+constexpr Resource lenient{204, "lenient", "house", Directions::both};
+
+int door_to(kelmora_resource *head, char **out)
+{
+    const auto *record = static_cast<const Door *>(kelmora_resource_get_data(head));
+    std::string text = "{\"locked\": " + std::to_string(record->locked) + "}";
+    if (head->is_list != 0)
+        text = "[" + (head->count == 0 ? "" : text) + "]";
+    std::memcpy(*out, text.c_str(), text.size() + 1);
+    return 1;
+}
+
+int door_from(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
+{
+    const std::string_view command(text);
+    if (command == "lock") {
+        static_cast<Door *>(kelmora_resource_get_data(node))->locked = 1;
+        return 1;
+    }
+    kelmora_errorlist_add_error(errors, "locked", "no such command", "door");
+    return 0;
+}
+
+int nothing_to(kelmora_resource * /*head*/, char ** /*out*/) { return 1; }
+
+int nothing_from(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/) { return 1; }
+
+int failing_to(kelmora_resource * /*head*/, char **out)
+{
+    std::memcpy(*out, "{}", 3);
+    return 0;
+}
+
+int silently_failing_from(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
+{
+    return 0;
+}
+
+int lenient_from(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist *errors)
+{
+    kelmora_errorlist_add_error(errors, "colour", "no such colour", "door");
+    return 1;
+}
+
+int no_json_to(kelmora_resource * /*head*/, char **out)
+{
+    std::memcpy(*out, "locked", 7);
+    return 1;
+}
+
+class Commands : public ::testing::Test {
+protected:
+    Commands()
+    {
+        Registry::instance().clear();
+        kelmora_json_init();
+        kelmora_set_translators(door.number, door_from, door_to);
+        kelmora_set_translators(bell.number, door_from, nothing_to);
+        kelmora_set_translators(window.number, nothing_from, door_to);
+        kelmora_set_translators(stubborn.number, silently_failing_from, failing_to);
+        kelmora_set_translators(lenient.number, lenient_from, door_to);
+        gateway.add("door", "front", Door{0});
+        gateway.add("door", "back", Door{1});
+    }
+    ~Commands() override { Registry::instance().clear(); }
+
+    Gateway gateway = sample_gateway();
+    Node front{"front", Record(Door{0})};
+};
+
+TEST_F(Commands, KnowAResourceByItsName) { EXPECT_EQ(resource_named("site_survey").number, 20); }
+
+TEST_F(Commands, SuggestResourcesOfASimilarName)
+{
+    EXPECT_EQ(
+        failure_of([] { (void)resource_named("prefix"); }),
+        StatusAndLine(Status::usage, "kelmora-host: error: no resource \"prefix\"; similar: ipv6_prefix_delegation"));
+    EXPECT_EQ(failure_of([] { (void)resource_named("radios"); }),
+              StatusAndLine(Status::usage, "kelmora-host: error: no resource \"radios\"; similar: radio"));
+}
+
+TEST_F(Commands, PointAtTheListWhenNoNameIsSimilar)
+{
+    const StatusAndLine expected(Status::usage,
+                                 "kelmora-host: error: no resource \"teapot\"; kelmora-host list names them all");
+    EXPECT_EQ(failure_of([] { (void)resource_named("teapot"); }), expected);
+    EXPECT_EQ(failure_of([] { (void)resource_named(""); }).first, Status::usage);
+}
+
+TEST_F(Commands, SelectAllRecordsWithoutAnId)
+{
+    const std::vector<Node> nodes = select_nodes(gateway, door, std::nullopt);
+    ASSERT_EQ(nodes.size(), 2U);
+    EXPECT_EQ(nodes[0].id(), "front");
+    EXPECT_EQ(nodes[1].id(), "back");
+}
+
+TEST_F(Commands, SelectTheRecordOfAnId)
+{
+    const std::vector<Node> nodes = select_nodes(gateway, door, "back");
+    ASSERT_EQ(nodes.size(), 1U);
+    EXPECT_EQ(nodes[0].id(), "back");
+    EXPECT_EQ(select_node(gateway, door, "back").id(), "back");
+}
+
+TEST_F(Commands, SelectTheFirstRecordWhenOneIsWantedWithoutAnId)
+{
+    EXPECT_EQ(select_node(gateway, door, std::nullopt).id(), "front");
+}
+
+TEST_F(Commands, NameTheIdsThatThereAreWhenOneIsUnknown)
+{
+    const StatusAndLine expected(Status::usage,
+                                 "kelmora-host: error: door: no record of the id \"side\"; there are 2: front, back");
+    EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, door, "side"); }), expected);
+    EXPECT_EQ(failure_of([this] { (void)select_node(gateway, door, "side"); }), expected);
+    EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, window, "side"); }).second,
+              "kelmora-host: error: window: no record of the id \"side\"; there are 0");
+}
+
+TEST_F(Commands, SelectNothingWhereThereIsNoRecord)
+{
+    EXPECT_THAT(select_nodes(gateway, window, std::nullopt), IsEmpty());
+    EXPECT_EQ(failure_of([this] { (void)select_node(gateway, window, std::nullopt); }),
+              StatusAndLine(Status::usage, "kelmora-host: error: window: the sample gateway has no record of it"));
+}
+
+TEST_F(Commands, SelectCopiesOfTheGatewaysRecords)
+{
+    std::vector<Node> nodes = select_nodes(gateway, door, std::nullopt);
+    nodes.front().record().as<Door>().locked = 1;
+    EXPECT_EQ(gateway.nodes("door").front().record().as<Door>().locked, 0);
+}
+
+TEST_F(Commands, ListTheResourcesOfAGroupAsATable)
+{
+    Registry::instance().clear();
+    for (const int number : {1, 20, 5, 2}) // radio and site_survey, and two of other groups
+        kelmora_set_translators(number, nothing_from, nothing_to);
+    EXPECT_EQ(list_as_table("wireless", "9.8.7"),
+              "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
+              "     5  radio                             both        wireless\n"
+              "    20  site_survey                       to only     wireless\n"
+              "2 pairs of the group wireless registered by libkelmora_json 9.8.7, numbers 5 to 20\n");
+}
+
+TEST_F(Commands, ListAllResourcesInTheOrderOfTheirNumbers)
+{
+    const std::string table = list_as_table("", "9.8.7");
+    EXPECT_EQ(std::ranges::count(table, '\n'), 1 + 98 + 1);
+    EXPECT_THAT(table, HasSubstr("\n     0  wireless  "));
+    EXPECT_LT(table.find("\n     5  radio  "), table.find("\n    20  site_survey  "));
+    EXPECT_THAT(table, HasSubstr("\n98 pairs registered by libkelmora_json 9.8.7, numbers 0 to 97\n"));
+}
+
+TEST_F(Commands, ListOnlyWhatIsRegistered)
+{
+    Registry::instance().clear();
+    kelmora_set_translators(20, nothing_from, nothing_to);
+    EXPECT_EQ(list_as_table("", "9.8.7"), "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
+                                          "    20  site_survey                       to only     wireless\n"
+                                          "1 pair registered by libkelmora_json 9.8.7, numbers 20 to 20\n");
+    EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"to only\", "
+                                "\"group\": \"wireless\"}]");
+    EXPECT_EQ(list_as_json("device"), "[]");
+    EXPECT_THAT(list_as_table("device", "9.8.7"),
+                HasSubstr("\n0 pairs of the group device registered by libkelmora_json 9.8.7\n"));
+}
+
+TEST_F(Commands, ListTheDirectionsOfEachResourceAsJson)
+{
+    const std::string list = list_as_json("");
+    EXPECT_THAT(list, HasSubstr("{\"number\": 1, \"resource\": \"session\", \"directions\": \"both\", "
+                                "\"group\": \"device\"}"));
+    EXPECT_THAT(list, HasSubstr("\"resource\": \"telnet\", \"directions\": \"from only\", \"group\": \"device\""));
+    EXPECT_THAT(list, HasSubstr("\"resource\": \"status\", \"directions\": \"to only\", \"group\": \"device\""));
+}
+
+TEST_F(Commands, ShowRecordsAsThePlugInWritesThem)
+{
+    std::vector<Node> nodes = select_nodes(gateway, resource_named("radio"), "radio1");
+    const std::string object = "{\"id\": \"radio1\", \"enabled\": true, \"opMode\": 2, \"frequency\": 2, "
+                               "\"configuredChannel\": 36, \"channel\": 36, \"extension\": 1, \"bandwidth\": 80, "
+                               "\"mu_mimo\": true, \"beamforming\": true, \"ofdma\": true, \"twt\": true, "
+                               "\"power\": 75}";
+    EXPECT_EQ(show(resource_named("radio"), nodes, false), object);
+    EXPECT_EQ(show(resource_named("radio"), nodes, true), "[" + object + "]");
+}
+
+TEST_F(Commands, ShowNoRecordsAsAnEmptyList)
+{
+    std::vector<Node> nothing;
+    EXPECT_EQ(show(door, nothing, true), "[]");
+    EXPECT_EQ(show(resource_named("radio"), nothing, true), "[]");
+    EXPECT_EQ(show(resource_named("site_survey"), nothing, true), "[]");
+}
+
+TEST_F(Commands, ShowNothingOfAResourceThatCannotBeRead)
+{
+    std::vector<Node> nodes{front};
+    EXPECT_EQ(show(bell, nodes, true), "");
+    EXPECT_EQ(show_warning(bell), "kelmora-host: warning: bell is write-only: there is nothing to read\n");
+    EXPECT_EQ(show_warning(door), "");
+    EXPECT_EQ(show_warning(window), "");
+}
+
+TEST_F(Commands, FailToShowWhatThePlugInFailsToWrite)
+{
+    std::vector<Node> nodes{front};
+    EXPECT_EQ(failure_of([&] { (void)show(stubborn, nodes, true); }),
+              StatusAndLine(Status::rejected,
+                            "kelmora-host: error: stubborn: the plug-in could not write it, out of memory"));
+}
+
+TEST_F(Commands, FailWithoutTranslators)
+{
+    Registry::instance().clear();
+    std::vector<Node> nodes{front};
+    const StatusAndLine expected(Status::environment,
+                                 "kelmora-host: error: door: the plug-in registered no translators");
+    EXPECT_EQ(failure_of([&] { (void)show(door, nodes, true); }), expected);
+    EXPECT_EQ(failure_of([&] { (void)set(door, front, "lock"); }), expected);
+}
+
+TEST_F(Commands, SetARecordAndReadItBackAsASingleObject)
+{
+    const Outcome outcome = set(door, front, "lock");
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(outcome.record, "{\"locked\": 1}");
+    EXPECT_THAT(outcome.errors, IsEmpty());
+    EXPECT_EQ(front.record().as<Door>().locked, 1);
+}
+
+TEST_F(Commands, PassOnTheErrorsOfADocumentThatIsRejected)
+{
+    const Outcome outcome = set(door, front, "paint");
+    EXPECT_FALSE(outcome.accepted);
+    EXPECT_EQ(outcome.record, "");
+    EXPECT_THAT(outcome.errors, ElementsAre(DocumentError{{"locked", "no such command", "door"}, std::nullopt}));
+}
+
+TEST_F(Commands, AddThePlaceToTheErrorOfATextThatDoesNotParse)
+{
+    Node radio = select_node(gateway, resource_named("radio"), std::nullopt);
+    const Outcome outcome = set(resource_named("radio"), radio, "{\"enabled\": true\n \"power\": 1}");
+    EXPECT_FALSE(outcome.accepted);
+    EXPECT_THAT(outcome.errors, ElementsAre(DocumentError{{"", "invalid json data", "json"},
+                                                          Fault{2, 8, "'}' expected near '\"power\"'"}}));
+}
+
+TEST_F(Commands, AddNoPlaceToOtherErrors)
+{
+    Node radio = select_node(gateway, resource_named("radio"), std::nullopt);
+    EXPECT_THAT(set(resource_named("radio"), radio, "{}").errors,
+                ElementsAre(DocumentError{{"enabled", "enabled field not found", "json"}, std::nullopt}));
+    EXPECT_THAT(set(door, front, "{").errors,
+                ElementsAre(DocumentError{{"locked", "no such command", "door"}, std::nullopt}));
+}
+
+TEST_F(Commands, RejectATextWithANulByteWithoutAskingThePlugIn)
+{
+    const Outcome outcome = set(door, front, "lock\0"s);
+    EXPECT_FALSE(outcome.accepted);
+    EXPECT_THAT(outcome.errors,
+                ElementsAre(DocumentError{{"", "NUL byte in the text", "kelmora-host"}, Fault{1, 5, ""}}));
+    EXPECT_EQ(front.record().as<Door>().locked, 0);
+}
+
+TEST_F(Commands, ShowTheBytesOfARawResourceInHexadecimal)
+{
+    std::vector<Node> nodes{{"0", Record(kelmora_backup_restore{{0x00, 0x01, 0x7F, 0x80, 0xFF, 0x0A, 0x00, 0x20}})}};
+    for (const bool as_list : {true, false})
+        EXPECT_EQ(show(resource_named("backup_restore"), nodes, as_list), "00 01 7f 80 ff 0a 00 20");
+}
+
+TEST_F(Commands, ShowNothingOfARawResourceThatCannotBeRead)
+{
+    std::vector<Node> nodes{{"0", Record(kelmora_upgrade_by_file{{1, 2, 3, 4, 5, 6, 7, 8}})}};
+    EXPECT_EQ(show(resource_named("upgrade_by_file"), nodes, true), "");
+}
+
+TEST_F(Commands, SetARawResourceFromBytesThatMayBeZero)
+{
+    Node node("0", Record(kelmora_backup_restore{}));
+    const Outcome outcome = set(resource_named("backup_restore"), node, "\0{\"\xFF\0\n}\0"s);
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(outcome.record, "00 7b 22 ff 00 0a 7d 00");
+    EXPECT_EQ(outcome_as_json(outcome), R"({"accepted": true, "record": "00 7b 22 ff 00 0a 7d 00"})");
+}
+
+TEST_F(Commands, SetARawResourceThatCannotBeReadBack)
+{
+    Node node("0", Record(kelmora_upgrade_by_file{}));
+    const Outcome outcome = set(resource_named("upgrade_by_file"), node, "\0\1\2\3\4\5\6\7"s);
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_THAT(node.record().as<kelmora_upgrade_by_file>().file, ElementsAre(0, 1, 2, 3, 4, 5, 6, 7));
+    EXPECT_EQ(outcome_as_json(outcome), R"({"accepted": true, "record": null})");
+}
+
+TEST_F(Commands, RejectAnotherNumberOfBytesThanARawResourceHasWithoutAskingThePlugIn)
+{
+    Node node("0", Record(kelmora_backup_restore{{1, 2, 3, 4, 5, 6, 7, 8}}));
+    for (const std::string &text : {""s, "seven b"s, "nine byte"s, "{\"backup\": 1}"s}) {
+        const Outcome outcome = set(resource_named("backup_restore"), node, text);
+        EXPECT_FALSE(outcome.accepted);
+        EXPECT_THAT(node.record().as<kelmora_backup_restore>().backup, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
+    }
+    const Outcome outcome = set(resource_named("backup_restore"), node, "nine byte");
+    EXPECT_EQ(errors_as_lines(outcome, "file"),
+              "file: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9\n");
+    EXPECT_EQ(outcome_as_json(outcome),
+              R"({"accepted": false, "errors": [{"field": "", "message": "backup_restore takes exactly 8 raw bytes, )"
+              R"(no JSON; there are 9", "source": "kelmora-host"}]})");
+}
+
+TEST_F(Commands, ReportARejectionThatComesWithoutAnError)
+{
+    const Outcome outcome = set(stubborn, front, "");
+    EXPECT_FALSE(outcome.accepted);
+    EXPECT_THAT(outcome.errors,
+                ElementsAre(DocumentError{{"", "rejected without an error", "kelmora-host"}, std::nullopt}));
+}
+
+TEST_F(Commands, PassOnTheErrorsOfADocumentThatIsAcceptedAllTheSame)
+{
+    const Outcome outcome = set(lenient, front, "lock");
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(errors_as_lines(outcome, "file"), "file: warning: no such colour (field \"colour\", source \"door\")\n");
+    EXPECT_EQ(outcome_as_json(outcome),
+              R"({"accepted": true, "record": {"locked": 0}, )"
+              R"("errors": [{"field": "colour", "message": "no such colour", "source": "door"}]})");
+}
+
+TEST_F(Commands, WarnThatAReadOnlyRecordStaysAsItWas)
+{
+    const Outcome outcome = set(window, front, "lock");
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(outcome.record, "{\"locked\": 0}");
+    EXPECT_EQ(set_warning(window), "kelmora-host: warning: window is read-only: the plug-in ignores what is written\n");
+}
+
+TEST_F(Commands, WarnThatAWriteOnlyRecordCannotBeReadBack)
+{
+    const Outcome outcome = set(bell, front, "lock");
+    EXPECT_TRUE(outcome.accepted);
+    EXPECT_EQ(outcome.record, "");
+    EXPECT_EQ(outcome_as_json(outcome), "{\"accepted\": true, \"record\": null}");
+    EXPECT_EQ(set_warning(bell), "kelmora-host: warning: bell is write-only: there is nothing to read back\n");
+}
+
+TEST_F(Commands, WarnOfNothingWhereBothWaysAreOpen) { EXPECT_EQ(set_warning(door), ""); }
+
+TEST_F(Commands, WriteErrorsAsLinesThatBeginWithTheFileAndThePlace)
+{
+    const Outcome outcome{false,
+                          "",
+                          {{{"power", "power field not found", "json"}, std::nullopt},
+                           {{"", "invalid json data", "json"}, Fault{3, 14, "'}' expected"}},
+                           {{"", "NUL byte in the text", "kelmora-host"}, Fault{4, 1, ""}},
+                           {{"", "rejected without an error", "kelmora-host"}, std::nullopt}}};
+    EXPECT_EQ(errors_as_lines(outcome, "doc.json"),
+              "doc.json: error: power field not found (field \"power\", source \"json\")\n"
+              "doc.json:3:14: error: invalid json data: '}' expected\n"
+              "doc.json:4:1: error: NUL byte in the text\n"
+              "doc.json: error: rejected without an error\n");
+}
+
+TEST_F(Commands, WriteErrorsAsJson)
+{
+    const Outcome outcome{false,
+                          "",
+                          {{{"power", "power field not found", "json"}, std::nullopt},
+                           {{"", "invalid json data", "json"}, Fault{3, 14, "'}' expected"}},
+                           {{"", "NUL byte in the text", "kelmora-host"}, Fault{4, 1, ""}}}};
+    EXPECT_EQ(
+        outcome_as_json(outcome),
+        "{\"accepted\": false, \"errors\": ["
+        "{\"field\": \"power\", \"message\": \"power field not found\", \"source\": \"json\"}, "
+        "{\"field\": \"\", \"message\": \"invalid json data\", \"source\": \"json\", \"line\": 3, \"column\": 14, "
+        "\"detail\": \"'}' expected\"}, "
+        "{\"field\": \"\", \"message\": \"NUL byte in the text\", \"source\": \"kelmora-host\", \"line\": 4, "
+        "\"column\": 1}]}");
+}
+
+TEST_F(Commands, WriteTheRecordAsJsonOnOneLine)
+{
+    EXPECT_EQ(outcome_as_json({true, "{\n    \"locked\": 1\n}", {}}),
+              "{\"accepted\": true, \"record\": {\"locked\": 1}}");
+}
+
+TEST_F(Commands, FailWhenTheRecordIsNoJson)
+{
+    kelmora_set_translators(door.number, door_from, no_json_to);
+    const Outcome outcome = set(door, front, "lock");
+    EXPECT_EQ(outcome.record, "locked");
+    EXPECT_EQ(failure_of([&] { (void)outcome_as_json(outcome); }),
+              StatusAndLine(Status::rejected, "kelmora-host: error: what the plug-in wrote is no JSON: locked"));
+}
+
+} // namespace
+
+} // namespace kelmora_host
