@@ -7,7 +7,7 @@ namespace {
 
 void to_json(Encoder &out, const kelmora_action &action) { out.integer("actionID", action.actionID); }
 
-// The absence of the key is reported in the resource's name, on purpose.
+// Contract: its absence is reported in the resource's name.
 constexpr Key action_id() { return key<"actionID", "action", "action field not found">(); }
 
 void from_json(Decoder &in, kelmora_action &action) { in.required_integer(action_id(), action.actionID); }

@@ -18,7 +18,7 @@ void to_json(Encoder &out, const kelmora_automatic_maintenance &maintenance, con
 void from_json(Decoder &in, kelmora_automatic_maintenance &maintenance)
 {
     in.required_boolean("enabled"_key, maintenance.enabled);
-    Decoder time = in.required("time"_key);
+    const Decoder time = in.required("time"_key);
     time.required_integer(key<"hour", "time.hour", "time.hour field not found">(), maintenance.hour);
     time.required_integer(key<"min", "time.min", "time.min field not found">(), maintenance.min);
 }

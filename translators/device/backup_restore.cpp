@@ -6,7 +6,7 @@
 using namespace kelmora;
 
 // No JSON in either direction: the text is the block itself, without a NUL behind it. It may begin with a zero byte, so
-// no empty-text test on purpose.
+// an empty text is none of its own.
 
 int backup_restore_to_translator(kelmora_resource *head, char **out)
 {

@@ -32,10 +32,10 @@ void from_json(Decoder &in, kelmora_datetime &datetime)
 {
     in.optional_string("timezone", datetime.timezone);
     in.optional_boolean("dst_enabled", datetime.dst_enabled);
-    Decoder ntp = in.optional("ntp_server");
+    const Decoder ntp = in.optional("ntp_server");
     if (!ntp)
         return;
-    // A switch that is absent is cleared, not kept, on purpose.
+    // A switch that is absent is cleared, not kept.
     datetime.ntp_enabled = ntp.optional("enabled").is_true() ? 1 : 0;
     datetime.ntp_automatic = ntp.optional("automatic").is_true() ? 1 : 0;
     if (datetime.ntp_automatic == 0 && !ntp.optional("ntp_server1"))

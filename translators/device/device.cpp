@@ -18,15 +18,15 @@ void to_json(Encoder &out, const kelmora_device &device, const NodeId &id)
     out.boolean("is_manageable", device.is_manageable);
 }
 
-/// Places of fields in the record, as kelmora_set_missing counts them.
-enum Place { alias = 3, show_wizard = 4, login_enable = 5, leds = 6, is_manageable = 7 };
+/// Positions of fields in the record, as kelmora_set_missing counts them.
+enum Position { alias = 3, show_wizard = 4, login_enable = 5, leds = 6, is_manageable = 7 };
 
 void from_json(Decoder &in, kelmora_resource *node)
 {
     auto &device = record_of<kelmora_device>(node);
-    const auto report_if_absent = [&in, node](const char *key, Place place) {
+    const auto report_if_absent = [&in, node](const char *key, Position position) {
         if (!in.optional(key))
-            kelmora_set_missing(node, place);
+            kelmora_set_missing(node, position);
     };
     in.optional_boolean("show_wizard", device.show_wizard);
     report_if_absent("show_wizard", show_wizard);
@@ -42,7 +42,7 @@ void from_json(Decoder &in, kelmora_resource *node)
 
 } // namespace
 
-// The device is one record: a list of several entries shows the head's several times, on purpose.
+// The device is one record: a list of several entries shows the head's several times.
 int device_to_translator(kelmora_resource *head, char **out)
 {
     return encode<to_json>(head, out, Nodes::head_repeated, Flags::plain);

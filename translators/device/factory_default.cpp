@@ -11,7 +11,7 @@ void to_json(Encoder &out, const kelmora_factory_default &factory_default, const
     out.integer("pressedTime", factory_default.pressedTime);
 }
 
-// The absence of the key is reported under the resource's name, on purpose.
+// Contract: its absence is reported in the resource's name.
 constexpr Key pressed_time() { return key<"pressedTime", "factory_default", "pressedTime field not found">(); }
 
 void from_json(Decoder &in, kelmora_factory_default &factory_default)

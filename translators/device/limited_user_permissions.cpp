@@ -25,8 +25,4 @@ int limited_user_permissions_to_translator(kelmora_resource *head, char **out)
 }
 
 // What the limited user may reach is the host's to decide.
-int limited_user_permissions_from_translator(kelmora_resource * /*node*/, const char * /*text*/,
-                                             kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int limited_user_permissions_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -34,8 +34,8 @@ void from_json(Decoder &in, kelmora_limits &limits)
     in.optional_integer("filter_port", limits.filter_port);
     in.optional_integer("filter_url", limits.filter_url);
 
-    // Each entry goes in front of those that are there, on purpose: old ones stay, new ones end up in reverse order.
-    for (Decoder element : in.optional_array("wifi_limits")) {
+    // Each entry goes in front of those that are there: old ones stay, new ones end up in reverse order.
+    for (const Decoder element : in.optional_array("wifi_limits")) {
         auto *wifi_limit = new_node<kelmora_limits_wifi_limit>(in, "wifi_limits");
         if (wifi_limit == nullptr)
             return;

@@ -5,7 +5,7 @@ using namespace kelmora;
 
 namespace {
 
-// The two directions carry different fields, on purpose: the password is never shown, the information never set.
+// The two directions carry different fields: the password is never shown, the information never set.
 
 void to_json(Encoder &out, const kelmora_mp_info &mp_info) { out.string("info", mp_info.info); }
 

@@ -22,7 +22,7 @@ void from_json(Decoder &in, kelmora_remote_web_access &access)
     in.required_boolean("enabled"_key, access.enabled);
     in.required_integer("port"_key, access.port);
     in.optional_boolean("enable_ip_range", access.enable_ip_range);
-    // The record's switch, on purpose: a document that leaves it out is checked against the current setting.
+    // The record's switch: a document that leaves it out is checked against the current setting.
     if (access.enable_ip_range != 0) {
         in.required_string("rangeStart"_key, access.rangeStart);
         in.required_string("rangeEnd"_key, access.rangeEnd);

@@ -7,8 +7,8 @@ namespace {
 
 void to_json(Encoder &out, const kelmora_session &session) { out.string("username", session.username); }
 
-/// Skips a member that is no string, on purpose: it is neither stored nor reported.
-template <std::size_t width> void optional_if_string(Decoder &in, const char *name, char (&field)[width])
+/// A member that is no string is skipped, neither stored nor reported.
+template <std::size_t width> void optional_if_string(const Decoder &in, const char *name, char (&field)[width])
 {
     const Decoder value = in.optional(name);
     if (value.is_string())
@@ -31,6 +31,6 @@ int session_to_translator(kelmora_resource *head, char **out)
 
 int session_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {
-    auto &session = record_of<kelmora_session>(node); // before the text is looked at, on purpose
+    auto &session = record_of<kelmora_session>(node); // Contract: before the text is looked at
     return decode_into<from_json>(session, text, errors);
 }

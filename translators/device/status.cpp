@@ -22,7 +22,4 @@ int status_to_translator(kelmora_resource *head, char **out)
 }
 
 // The summary is read-only.
-int status_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int status_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

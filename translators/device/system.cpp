@@ -28,13 +28,13 @@ void from_json(Decoder &in, kelmora_system &system)
     in.optional_boolean("limited_user_enabled", system.limited_user_enabled);
     in.optional_boolean("sip_alg", system.sip_alg);
 
-    Decoder dmz = in.optional("dmz");
-    if (dmz.optional("enabled") && dmz.optional("ip4")) { // both or neither, on purpose
+    const Decoder dmz = in.optional("dmz");
+    if (dmz.optional("enabled") && dmz.optional("ip4")) { // one alone is ignored
         dmz.optional_boolean("enabled", system.dmz_enabled);
         dmz.optional_string("ip4", system.dmz_ip4);
     }
 
-    Decoder ipv6 = in.optional("ipv6");
+    const Decoder ipv6 = in.optional("ipv6");
     ipv6.optional_boolean("enabled", system.ipv6_enabled);
 }
 

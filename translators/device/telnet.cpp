@@ -7,14 +7,14 @@ namespace {
 
 void from_json(Decoder &in, kelmora_telnet &telnet)
 {
-    in.required_string("password"_key, telnet.password); // first on purpose: stored even when the switch is missing
+    in.required_string("password"_key, telnet.password); // first: stored even when the switch is missing
     in.required_boolean("enable"_key, telnet.enable);
 }
 
 } // namespace
 
 // The settings are write-only.
-int telnet_to_translator(kelmora_resource * /*head*/, char ** /*out*/) { return 1; }
+int telnet_to_translator(kelmora_resource *, char **) { return 1; }
 
 int telnet_from_translator(kelmora_resource *node, const char *text, kelmora_errorlist *errors)
 {

@@ -14,7 +14,8 @@ void to_json(Encoder &out, const kelmora_http_request &request, const NodeId &id
     out.integer("timeout", request.timeout);
     out.string("token", request.token);
     out.integer("status", request.status);
-    out.whole_string("body", request.body != nullptr ? request.body : ""); // as a text, on purpose: not parsed
+    out.whole_string("body",
+                     request.body != nullptr ? request.body : ""); // as a string: clients get an escaped document
 }
 
 void from_json(Decoder &in, kelmora_http_request &request)
@@ -22,14 +23,14 @@ void from_json(Decoder &in, kelmora_http_request &request)
     in.required_string("dest"_key, request.dest);
     if (!in.ok())
         return;
-    request.mesh_session = in.optional("mesh_session").is_true() ? 1 : 0; // cleared when absent, on purpose
+    request.mesh_session = in.optional("mesh_session").is_true() ? 1 : 0; // cleared when absent
     in.required_integer("method"_key, request.method);
     in.optional_string("token", request.token);
     in.optional_integer("timeout", request.timeout);
     if (request.mesh_session != 0)
-        return; // a request inside a mesh session keeps the body it had, on purpose
+        return; // a request inside a mesh session keeps the body it had
     if (char *body = in.rendered("body"))
-        request.body = body; // the text before it is the host's: not freed, on purpose
+        request.body = body; // the one before it is the host's to free
 }
 
 } // namespace

@@ -11,7 +11,7 @@ void to_json(Encoder &out, const kelmora_acl_capability &capability, const NodeI
     out.boolean("acl_capability", capability.capability);
     out.array("available_services", [&](ArrayEncoder &list) {
         for (const auto &service : capability.available_services)
-            list.string(service); // the empty ones too, on purpose
+            list.string(service); // the empty ones too: there are always eight
     });
 }
 

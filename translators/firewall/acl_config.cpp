@@ -1,8 +1,6 @@
 #include "frame/translator.h"
 #include "records/firewall.h"
 
-#include <cstdint>
-
 using namespace kelmora;
 
 namespace {
@@ -32,29 +30,11 @@ void to_json(Encoder &out, const kelmora_acl_config &rule, const NodeId &id)
     service_to_json(out, "service_ssh", rule.service_ssh);
 }
 
-template <FixedString name> constexpr Key service_key() { return key<name, name, "object not found">(); }
-template <FixedString name> constexpr Key enable_of()
+void service_from_json(const Decoder &service, Key enable, Key port, kelmora_acl_config_service &setting)
 {
-    return key<"enable", name + FixedString(".enable"), "field not found">();
-}
-template <FixedString name> constexpr Key port_of()
-{
-    return key<"port", name + FixedString(".port"), "field not found">();
-}
-
-void service_from_json(Decoder service, Key enable_key, Key port_key, kelmora_acl_config_service &setting)
-{
-    const Decoder enable = service.required(enable_key);
-    const Decoder port = service.required(port_key);
-    if (service.ok()) { // both or neither
-        setting.enable = enable.is_true() ? 1 : 0;
-        setting.port = static_cast<std::uint16_t>(port.integer());
-    }
-}
-
-template <FixedString name> void service_from_json(Decoder service, kelmora_acl_config_service &setting)
-{
-    service_from_json(service, enable_of<name>(), port_of<name>(), setting);
+    service.require(enable, port); // both or neither is stored
+    service.required_boolean(enable, setting.enable);
+    service.required_integer(port, setting.port);
 }
 
 void from_json(Decoder &in, kelmora_acl_config &rule)
@@ -66,19 +46,24 @@ void from_json(Decoder &in, kelmora_acl_config &rule)
     in.required_boolean("service_any"_key, rule.service_any);
     in.required_boolean("service_tftp"_key, rule.service_tftp);
     in.required_boolean("service_ping"_key, rule.service_ping);
-    if (const Decoder telnet = in.optional("service_telnet")) // the only one that may be absent, on purpose
-        service_from_json<"service_telnet">(telnet, rule.service_telnet);
-    service_from_json<"service_ftp">(in.required(service_key<"service_ftp">()), rule.service_ftp);
-    service_from_json<"service_http">(in.required(service_key<"service_http">()), rule.service_http);
-    service_from_json<"service_https">(in.required(service_key<"service_https">()), rule.service_https);
-    service_from_json<"service_ssh">(in.required(service_key<"service_ssh">()), rule.service_ssh);
+    if (const Decoder telnet = in.optional("service_telnet")) // Contract: the only one that may be absent
+        service_from_json(telnet, "service_telnet.enable"_bare_key, "service_telnet.port"_bare_key,
+                          rule.service_telnet);
+    const Decoder ftp = in.required(key<"service_ftp", "service_ftp", "object not found">());
+    service_from_json(ftp, "service_ftp.enable"_bare_key, "service_ftp.port"_bare_key, rule.service_ftp);
+    const Decoder http = in.required(key<"service_http", "service_http", "object not found">());
+    service_from_json(http, "service_http.enable"_bare_key, "service_http.port"_bare_key, rule.service_http);
+    const Decoder https = in.required(key<"service_https", "service_https", "object not found">());
+    service_from_json(https, "service_https.enable"_bare_key, "service_https.port"_bare_key, rule.service_https);
+    const Decoder ssh = in.required(key<"service_ssh", "service_ssh", "object not found">());
+    service_from_json(ssh, "service_ssh.enable"_bare_key, "service_ssh.port"_bare_key, rule.service_ssh);
 }
 
 } // namespace
 
 int acl_config_to_translator(kelmora_resource *head, char **out)
 {
-    // The only one with this flag word, on purpose.
+    // Contract: the only one with this flag word.
     return encode<to_json>(head, out, Nodes::counting_if_any, Flags::insertion_order);
 }
 

@@ -13,7 +13,7 @@ void to_json(Encoder &out, const kelmora_ddns &account, const NodeId &id)
     out.string("interface", account.interface);
     out.string("username", account.username);
     out.string("password", account.password);
-    out.integer("enabled", account.enabled); // a number here, on purpose
+    out.integer("enabled", account.enabled); // Contract: a number
     out.integer("instance_num", account.instance_num);
     out.integer("service_port", account.service_port);
     out.integer("status", account.status);
@@ -27,7 +27,7 @@ void from_json(Decoder &in, kelmora_ddns &account)
     in.required_string("username"_key, account.username);
     in.required_string("password"_key, account.password);
     if (const Decoder enabled = in.required("enabled"_key))
-        account.enabled = enabled.integer() != 0 ? 1 : 0; // all 64 bits count, and JSON true is no number: on purpose
+        account.enabled = enabled.integer() != 0 ? 1 : 0; // all 64 bits count; JSON true is no number, and stores 0
     in.required_integer("instance_num"_key, account.instance_num);
     in.required_integer("service_port"_key, account.service_port);
     in.optional_integer("status", account.status);

@@ -21,7 +21,7 @@ void to_json(Encoder &out, const kelmora_filter &filter, const NodeId &id)
 void from_json(Decoder &in, kelmora_filter &filter)
 {
     in.required_boolean("enabled"_key, filter.enabled);
-    in.optional_string("description", filter.description); // here on purpose: stored even when a key below is missing
+    in.optional_string("description", filter.description); // here: stored even when a key below is missing
     in.required_integer("protocol"_key, filter.protocol);
     in.required_integer("type"_key, filter.type);
     in.required_string("target"_key, filter.target);

@@ -41,11 +41,11 @@ void from_json(Decoder &in, kelmora_firewall_ip_port_filtering &filter)
     in.required_integer("outgoing_default_action"_bare_key, filter.outgoing_default_action);
     in.required_integer("incoming_default_action"_bare_key, filter.incoming_default_action);
     ChainBuilder<kelmora_firewall_ip_port_filtering_rule> builder(filter.filter_lists);
-    for (Decoder entry : in.required_array("filter_lists"_bare_key)) {
+    for (const Decoder entry : in.required_array("filter_lists"_bare_key)) {
         auto *rule = builder.add(in, "filter_lists");
         if (rule == nullptr)
             return;
-        in.leak_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
+        in.leak_document_on_failure(true); // Contract: when a member of a rule is missing
         entry.required_boolean(rule_key<"rule_action">(), rule->rule_action);
         entry.optional_string("source_ip_address", rule->source_ip_address);
         entry.optional_string("dest_ip_address", rule->dest_ip_address);

@@ -27,11 +27,11 @@ void from_json(Decoder &in, kelmora_firewall_mac_filtering &filter)
     in.required_integer("incoming_default_act"_bare_key, filter.incoming_default_act);
     in.required_integer("outgoing_default_act"_bare_key, filter.outgoing_default_act);
     ChainBuilder<kelmora_firewall_mac_filtering_entry> builder(filter.entry);
-    for (Decoder entry : in.required_array("entry"_bare_key)) {
+    for (const Decoder entry : in.required_array("entry"_bare_key)) {
         auto *rule = builder.add(in, "entry");
         if (rule == nullptr)
             return;
-        in.leak_document_on_failure(true); // on purpose: a rule that lacks a member leaves all of it unreleased
+        in.leak_document_on_failure(true); // Contract: when a member of a rule is missing
         entry.required_integer("entry.direction"_bare_key, rule->direction);
         entry.optional_string("source_mac", rule->source_mac);
         entry.optional_string("destination_mac", rule->destination_mac);

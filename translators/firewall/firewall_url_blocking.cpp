@@ -24,7 +24,7 @@ void from_json(Decoder &in, kelmora_firewall_url_blocking &blocking)
     in.required_boolean("enable"_bare_key, blocking.enable);
     add_strings(in, in.required_array("urls"_bare_key), blocking.urls, &kelmora_firewall_url_blocking_url::url, "urls",
                 "url");
-    // Here on purpose: the URLs are stored even when the keywords are missing.
+    // Asked for here: the URLs are stored even when the keywords are missing.
     add_strings(in, in.required_array("keywords"_bare_key), blocking.keywords,
                 &kelmora_firewall_url_blocking_keyword::keyword, "keywords", "keyword");
 }

@@ -32,7 +32,7 @@ void to_json(Encoder &out, const kelmora_iptables &rule, const NodeId &id)
 
 /// Reads one end of the traffic. On purpose, an address that is there empties the MAC address, and a MAC address the
 /// interface, unless the document has these as well: each text is ended by one more NUL behind its field.
-void end_from_json(Decoder end, char (&ip)[46], char (&mac)[18], char (&interface)[6], std::int32_t &port)
+void end_from_json(const Decoder &end, char (&ip)[46], char (&mac)[18], char (&interface)[6], std::int32_t &port)
 {
     if (const Decoder text = end.optional("ip")) {
         text.store_string(ip);

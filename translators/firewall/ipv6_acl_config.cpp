@@ -29,7 +29,7 @@ void from_json(Decoder &in, kelmora_ipv6_acl_config &rule)
     in.required_integer("ip6_prefix_length"_key, rule.ip6_prefix_length);
     in.required_boolean("enable"_key, rule.enable);
     in.required_boolean("service_any"_key, rule.service_any);
-    in.optional_boolean("service_telnet", rule.service_telnet); // the only one that may be absent, on purpose
+    in.optional_boolean("service_telnet", rule.service_telnet); // Contract: the only one that may be absent
     in.required_boolean("service_ftp"_key, rule.service_ftp);
     in.required_boolean("service_tftp"_key, rule.service_tftp);
     in.required_boolean("service_http"_key, rule.service_http);

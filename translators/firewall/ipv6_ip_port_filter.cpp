@@ -38,18 +38,18 @@ void from_json(Decoder &in, kelmora_ipv6_ip_port_filter &filter)
     in.optional_integer("direction", filter.direction);
     in.optional_integer("protocol", filter.protocol);
     in.optional_integer("rule_action", filter.rule_action);
-    Decoder source = in.optional("src_ipv6");
+    const Decoder source = in.optional("src_ipv6");
     source.optional_string("start", filter.src_start);
     source.optional_string("end", filter.src_end);
     source.optional_integer("prefix_length", filter.src_prefix_length);
-    Decoder destination = in.optional("dst_ipv6");
+    const Decoder destination = in.optional("dst_ipv6");
     destination.optional_string("start", filter.dst_start);
     destination.optional_string("end", filter.dst_end);
     destination.optional_integer("prefix_length", filter.dst_prefix_length);
-    Decoder source_port = in.optional("source_port");
+    const Decoder source_port = in.optional("source_port");
     source_port.optional_integer("from", filter.source_port_from);
     source_port.optional_integer("to", filter.source_port_to);
-    Decoder destination_port = in.optional("destination_port");
+    const Decoder destination_port = in.optional("destination_port");
     destination_port.optional_integer("from", filter.destination_port_from);
     destination_port.optional_integer("to", filter.destination_port_to);
 }

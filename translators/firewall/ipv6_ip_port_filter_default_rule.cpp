@@ -14,7 +14,7 @@ void to_json(Encoder &out, const kelmora_ipv6_ip_port_filter_default_rule &rule,
     out.integer("default_outgoing_action", rule.default_outgoing_action);
 }
 
-/// A required key whose absence is reported with the resource as the source, on purpose.
+/// Contract: the absence of a key is reported with the resource as the source.
 void action_from_json(const Decoder &in, const char *name, std::uint32_t &action)
 {
     if (const Decoder value = in.optional(name))
@@ -25,7 +25,7 @@ void action_from_json(const Decoder &in, const char *name, std::uint32_t &action
 
 void from_json(Decoder &in, kelmora_ipv6_ip_port_filter_default_rule &rule)
 {
-    in.leak_document_on_failure(true); // on purpose: success alone releases it
+    in.leak_document_on_failure(true); // Contract: a missing key leaks the document
     action_from_json(in, "default_incoming_action", rule.default_incoming_action);
     action_from_json(in, "default_outgoing_action", rule.default_outgoing_action);
 }

@@ -25,17 +25,17 @@ void from_json(Decoder &in, kelmora_natportredirect &redirect)
 {
     in.optional_string("description", redirect.description);
     in.required_integer("protocol"_key, redirect.protocol);
-    Decoder external = in.required(key<"externalPort", "externalPort", "externalPort object not found">());
+    const Decoder external = in.required(key<"externalPort", "externalPort", "externalPort object not found">());
     external.required_integer(key<"start", "externalPort.start", "externalPort.start field not found">(),
                               redirect.external_port_start);
     external.required_integer(key<"end", "externalPort.end", "externalPort.end field not found">(),
                               redirect.external_port_end);
-    Decoder internal = in.required(key<"internalPort", "internalPort", "internalPort object not found">());
+    const Decoder internal = in.required(key<"internalPort", "internalPort", "internalPort object not found">());
     internal.required_integer(key<"start", "internalPort.start", "internalPort.start field not found">(),
                               redirect.internal_port_start);
     internal.required_integer(key<"end", "internalPort.end", "internalPort.end field not found">(),
                               redirect.internal_port_end);
-    in.required_string("internalIP"_key, redirect.internalIP); // last on purpose: the ports are stored by now
+    in.required_string("internalIP"_key, redirect.internalIP); // last: the ports are stored by now
 }
 
 } // namespace

@@ -34,11 +34,11 @@ void from_json(Decoder &in, kelmora_parental_control &control)
     const ArrayDecoder list = in.checked_array("parental_control_list");
     const auto count = static_cast<std::uint32_t>(list.size());
     if (count == 0)
-        return; // on purpose: an empty list leaves the rules as they are
+        return; // an empty list leaves the rules as they are
     if (kelmora_parental_control_allocate_list(&control, count, in.errors()) == 0)
         in.fail_silently();
     auto *rule = control.parental_control_list;
-    for (Decoder element : list) {
+    for (const Decoder element : list) {
         if (rule == nullptr) { // fewer than the host promised
             in.fail("parental_control_list", "out of memory");
             return;

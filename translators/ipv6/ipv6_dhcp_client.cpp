@@ -21,7 +21,4 @@ int ipv6_dhcp_client_to_translator(kelmora_resource *head, char **out)
 }
 
 // The clients are read-only.
-int ipv6_dhcp_client_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int ipv6_dhcp_client_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

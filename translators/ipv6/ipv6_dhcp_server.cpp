@@ -31,9 +31,9 @@ void to_json(Encoder &out, const kelmora_ipv6_dhcp_server &server, const NodeId 
 
 void from_json(Decoder &in, kelmora_ipv6_dhcp_server &server)
 {
-    in.required_integer("mode"_bare_key, server.mode); // the only bare message here, on purpose
-    in.leak_document_on_failure(true);                 // on purpose: this key's absence alone leaves it unreleased
-    Decoder config = in.required("addresses_config"_key);
+    in.required_integer("mode"_bare_key, server.mode); // Contract: the only bare message here
+    in.leak_document_on_failure(true);                 // Contract: when this key is missing, and no other
+    const Decoder config = in.required("addresses_config"_key);
     in.leak_document_on_failure(false);
     config.required_string("ip_pool_range_start"_key, server.ip_pool_range_start);
     config.required_string("ip_pool_range_end"_key, server.ip_pool_range_end);
@@ -43,7 +43,7 @@ void from_json(Decoder &in, kelmora_ipv6_dhcp_server &server)
     config.required_integer("renew_time"_key, server.renew_time);
     config.required_integer("rebind_time"_key, server.rebind_time);
     config.required_string("client_duid"_key, server.client_duid);
-    // The host adds behind what its lists hold already; elements that are empty or no text go to it too, on purpose.
+    // The host adds behind what its lists hold already; elements that are empty or no string go to it too, as empty.
     for (const Decoder element : in.optional_array("domains"))
         kelmora_ipv6_dhcp_domains_add(&server, element.string());
     for (const Decoder element : in.optional_array("dns_servers"))

@@ -1,8 +1,6 @@
 #include "frame/translator.h"
 #include "records/ipv6.h"
 
-#include <cstdint>
-
 using namespace kelmora;
 
 namespace {
@@ -18,17 +16,13 @@ void to_json(Encoder &out, const kelmora_ipv6_proxy_mld &mld, const NodeId &id)
 
 void from_json(Decoder &in, kelmora_ipv6_proxy_mld &mld)
 {
-    in.leak_document_on_failure(true); // on purpose: a missing key leaves it unreleased
-    const Decoder query = in.required("query_interval"_key);
-    const Decoder response = in.required("query_response_interval"_key);
-    const Decoder last_member = in.required("response_interval_of_last_group_member"_key);
-    const Decoder robust_count = in.required("robust_count"_key);
-    if (!in.ok()) // all or none
-        return;
-    mld.query_interval = static_cast<std::uint32_t>(query.integer());
-    mld.query_response_interval = static_cast<std::uint32_t>(response.integer());
-    mld.response_interval_of_last_group_member = static_cast<std::uint32_t>(last_member.integer());
-    mld.robust_count = static_cast<std::int32_t>(robust_count.integer());
+    in.leak_document_on_failure(true); // Contract: a missing key leaks the document
+    in.require("query_interval"_key, "query_response_interval"_key, "response_interval_of_last_group_member"_key,
+               "robust_count"_key); // all or none is stored
+    in.required_integer("query_interval"_key, mld.query_interval);
+    in.required_integer("query_response_interval"_key, mld.query_response_interval);
+    in.required_integer("response_interval_of_last_group_member"_key, mld.response_interval_of_last_group_member);
+    in.required_integer("robust_count"_key, mld.robust_count);
 }
 
 } // namespace

@@ -35,7 +35,7 @@ void to_json(Encoder &out, const kelmora_ipv6_radvd &radvd, const NodeId &id)
 }
 
 // Unlike the other integers a lifetime may be a real, and stops at the largest instead of losing its high bits.
-void required_lifetime(Decoder &in, Key key, std::uint32_t &lifetime)
+void required_lifetime(const Decoder &in, Key key, std::uint32_t &lifetime)
 {
     if (const Decoder value = in.required(key))
         lifetime = saturated(value.number());
@@ -48,7 +48,7 @@ void from_json(Decoder &in, kelmora_ipv6_radvd &radvd)
     in.required_boolean("adv_managed_flag"_key, radvd.adv_managed_flag);
     if (const Decoder automatic = in.required("ipv6_prefix_mode_auto"_key))
         radvd.ipv6_prefix_mode_auto = automatic.is_true() ? 1 : 0;
-    Decoder prefix = in.required("ipv6_prefix"_key);
+    const Decoder prefix = in.required("ipv6_prefix"_key);
     prefix.required_string("ipv6_prefix:prefix"_key, radvd.prefix);
     prefix.required_integer("ipv6_prefix:prefix_size"_key, radvd.prefix_size);
     required_lifetime(prefix, "ipv6_prefix:adv_valid_lifetime"_key, radvd.adv_valid_lifetime);
@@ -58,7 +58,7 @@ void from_json(Decoder &in, kelmora_ipv6_radvd &radvd)
     prefix.required_string("ipv6_prefix:rdnss1"_key, radvd.rdnss1);
     prefix.required_string("ipv6_prefix:rdnss2"_key, radvd.rdnss2);
     in.required_boolean("enable_ula"_key, radvd.enable_ula);
-    Decoder ula = in.required("ipv6_ula_settings"_key); // even when none is advertised, on purpose
+    const Decoder ula = in.required("ipv6_ula_settings"_key); // required even when none is advertised
     ula.required_string("ipv6_ula_settings:ula_prefix"_key, radvd.ula_prefix);
     ula.required_integer("ipv6_ula_settings:ula_prefix_len"_key, radvd.ula_prefix_len);
     required_lifetime(ula, "ipv6_ula_settings:ula_valid_time"_key, radvd.ula_valid_time);

@@ -18,7 +18,7 @@ void to_json(Encoder &out, const kelmora_ipv6_static_route &route, const NodeId 
 void from_json(Decoder &in, kelmora_ipv6_static_route &route)
 {
     in.required_boolean("enable"_bare_key, route.enable);
-    in.required_integer("metric"_bare_key, route.metric); // here on purpose: stored before the addresses are asked for
+    in.required_integer("metric"_bare_key, route.metric); // here: stored before the addresses are asked for
     in.required_string("destination"_bare_key, route.destination);
     in.required_string("next_hop"_bare_key, route.next_hop);
     in.required_string("interface"_bare_key, route.interface);

@@ -31,8 +31,4 @@ int ipv6_static_route_list_to_translator(kelmora_resource *head, char **out)
 }
 
 // The routing table is the system's: read-only.
-int ipv6_static_route_list_from_translator(kelmora_resource * /*node*/, const char * /*text*/,
-                                           kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int ipv6_static_route_list_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -15,7 +15,7 @@ void to_json(Encoder &out, const kelmora_neighbour_hosts &neighbour)
 
 void from_json(Decoder &in, kelmora_neighbour_hosts &neighbour)
 {
-    // The first two messages name the address alone, on purpose.
+    // Contract: the first two messages name the address alone.
     in.required_string(key<"ip_addr", "ip_addr", "ip field not found">(), neighbour.ip_addr);
     in.required_string(key<"mac_addr", "mac_addr", "mac field not found">(), neighbour.mac_addr);
     in.required_string("interfaceID"_key, neighbour.interfaceID);

@@ -7,7 +7,7 @@ namespace {
 
 void to_json(Encoder &out, const kelmora_gem_port_stats &port, const NodeId &id)
 {
-    out.string("flow_id", id); // on purpose, and no "id"
+    out.string("flow_id", id); // in place of "id": clients know a port by its flow
     out.integer("pkt_count", port.pkt_count);
     out.integer("gemport_id", port.gemport_id);
     if (port.gemport_direction == 1)
@@ -23,8 +23,5 @@ int gem_port_stats_to_translator(kelmora_resource *head, char **out)
     return encode<to_json>(head, out, Nodes::counting, Root::always_array, Flags::plain);
 }
 
-// read-only: there is nothing to write.
-int gem_port_stats_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+// The figures are the device's.
+int gem_port_stats_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -13,8 +13,8 @@ void state_to_json(Encoder &out, std::uint32_t state)
 {
     char text[sizeof "O-2147483648"] = "UNDEF";
     if (state != 0)
-        std::sprintf(text, "O%d", static_cast<int>(state)); // signed, on purpose
-    text[9] = '\0';                                         // nine characters at most, on purpose
+        std::sprintf(text, "O%d", static_cast<int>(state)); // Contract: as signed
+    text[9] = '\0';                                         // Contract: nine characters at most
     out.string("onu_state_id", text);
 }
 
@@ -33,8 +33,5 @@ int gpon_status_to_translator(kelmora_resource *head, char **out)
     return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
-// read-only: there is nothing to write.
-int gpon_status_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+// The figures are the device's.
+int gpon_status_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -29,25 +29,25 @@ void to_json(Encoder &out, const kelmora_pon_settings &pon, const NodeId &id)
     });
 }
 
-// The groups are required, their members are not, on purpose.
+// A group that is there may lack any member; a document that lacks a group is rejected.
 void from_json(Decoder &in, kelmora_pon_settings &pon)
 {
     in.required_string("mode"_key, pon.mode);
 
-    Decoder oam = in.required(key<"oam", "oam", "oam fields not found">());
+    const Decoder oam = in.required(key<"oam", "oam", "oam fields not found">());
     oam.optional_string("model_id", pon.oam_model_id);
     oam.optional_string("vendor_id", pon.oam_vendor_id);
     oam.optional_string("onu_id_mac", pon.onu_id_mac);
     oam.optional_string("hardware_version", pon.oam_hardware_version);
 
-    Decoder omci = in.required(key<"omci", "omci", "omci fields not found">());
+    const Decoder omci = in.required(key<"omci", "omci", "omci fields not found">());
     omci.optional_string("model_id", pon.omci_model_id);
     omci.optional_string("vendor_id", pon.omci_vendor_id);
     omci.optional_string("serial_number", pon.serial_number);
     omci.optional_string("hardware_version", pon.omci_hardware_version);
     omci.optional_integer("olt_profile", pon.olt_profile);
 
-    Decoder security = in.required(key<"security", "security", "security fields not found">());
+    const Decoder security = in.required(key<"security", "security", "security fields not found">());
     security.optional_string("loid", pon.loid);
     security.optional_string("loid_password", pon.loid_password);
     security.optional_string("ploam_password", pon.ploam_password);

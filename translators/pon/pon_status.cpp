@@ -25,8 +25,5 @@ int pon_status_to_translator(kelmora_resource *head, char **out)
     return encode<to_json>(head, out, Nodes::counting, Flags::plain);
 }
 
-// read-only: there is nothing to write.
-int pon_status_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+// The figures are the device's.
+int pon_status_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -16,7 +16,7 @@ void to_json(Encoder &out, const kelmora_qos &qos, const NodeId &id)
 void from_json(Decoder &in, kelmora_qos &qos)
 {
     in.required_boolean("enabled"_key, qos.enabled);
-    // Reported under the short names, on purpose.
+    // Contract: reported under the short names.
     in.required_integer(key<"global_download", "download", "download field not found">(), qos.global_download);
     in.required_integer(key<"global_upload", "upload", "upload field not found">(), qos.global_upload);
 }

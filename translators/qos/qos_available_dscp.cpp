@@ -26,8 +26,4 @@ int qos_available_dscp_to_translator(kelmora_resource *head, char **out)
 }
 
 // What is on offer is the host's to decide.
-int qos_available_dscp_from_translator(kelmora_resource * /*node*/, const char * /*text*/,
-                                       kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int qos_available_dscp_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -1,47 +1,9 @@
 #include "frame/translator.h"
 #include "records/qos.h"
 
-#include <cstdint>
-
 using namespace kelmora;
 
 namespace {
-
-using Ip4 = char[17];
-using Ip6 = char[46];
-
-void ip_to_json(Encoder &out, const char *key, const Ip4 &ip4, const Ip4 &ip4_mask, const Ip6 &ip6,
-                std::uint8_t ip6_prefix_length)
-{
-    out.object(key, [&](Encoder &ip) {
-        ip.string("ip4", ip4);
-        ip.string("ip4_mask", ip4_mask);
-        ip.string("ip6", ip6);
-        ip.integer("ip6_prefix_length", ip6_prefix_length);
-    });
-}
-
-void ip_from_json(Decoder in, Ip4 &ip4, Ip4 &ip4_mask, Ip6 &ip6, std::uint8_t &ip6_prefix_length)
-{
-    in.optional_string("ip4", ip4);
-    in.optional_string("ip4_mask", ip4_mask);
-    in.optional_string("ip6", ip6);
-    in.optional_integer("ip6_prefix_length", ip6_prefix_length);
-}
-
-void ports_to_json(Encoder &out, const char *key, std::uint16_t start, std::uint16_t end)
-{
-    out.object(key, [&](Encoder &ports) {
-        ports.integer("start", start);
-        ports.integer("end", end);
-    });
-}
-
-void ports_from_json(Decoder in, std::uint16_t &start, std::uint16_t &end)
-{
-    in.optional_integer("start", start);
-    in.optional_integer("end", end);
-}
 
 void to_json(Encoder &out, const kelmora_qos_classification &rule, const NodeId &id)
 {
@@ -63,10 +25,26 @@ void to_json(Encoder &out, const kelmora_qos_classification &rule, const NodeId 
         ip.integer("ip_version", rule.ip_version);
         ip.integer("protocol", rule.protocol);
         ip.integer("dscp_pattern", rule.ip_dscp_pattern);
-        ip_to_json(ip, "ip_config_src", rule.src_ip4, rule.src_ip4_mask, rule.src_ip6, rule.src_ip6_prefix_length);
-        ip_to_json(ip, "ip_config_dst", rule.dst_ip4, rule.dst_ip4_mask, rule.dst_ip6, rule.dst_ip6_prefix_length);
-        ports_to_json(ip, "src_port", rule.src_port_start, rule.src_port_end);
-        ports_to_json(ip, "dst_port", rule.dst_port_start, rule.dst_port_end);
+        ip.object("ip_config_src", [&](Encoder &config) {
+            config.string("ip4", rule.src_ip4);
+            config.string("ip4_mask", rule.src_ip4_mask);
+            config.string("ip6", rule.src_ip6);
+            config.integer("ip6_prefix_length", rule.src_ip6_prefix_length);
+        });
+        ip.object("ip_config_dst", [&](Encoder &config) {
+            config.string("ip4", rule.dst_ip4);
+            config.string("ip4_mask", rule.dst_ip4_mask);
+            config.string("ip6", rule.dst_ip6);
+            config.integer("ip6_prefix_length", rule.dst_ip6_prefix_length);
+        });
+        ip.object("src_port", [&](Encoder &ports) {
+            ports.integer("start", rule.src_port_start);
+            ports.integer("end", rule.src_port_end);
+        });
+        ip.object("dst_port", [&](Encoder &ports) {
+            ports.integer("start", rule.dst_port_start);
+            ports.integer("end", rule.dst_port_end);
+        });
     });
     out.object("mac", [&](Encoder &mac) {
         mac.string("src", rule.mac_src);
@@ -77,32 +55,42 @@ void to_json(Encoder &out, const kelmora_qos_classification &rule, const NodeId 
 void from_json(Decoder &in, kelmora_qos_classification &rule)
 {
     in.required_string("rule_name"_key, rule.rule_name);
-    if (in.optional("order")) // after the name on purpose: it is stored even so
+    if (in.optional("order")) // here: the name is stored even so
         in.fail("order", "order is read-only field");
     in.required_integer("mode"_key, rule.mode);
-    // "fields" on purpose, though each names one key.
-    Decoder precedence = in.required(key<"precedence", "precedence", "precedence fields not found">());
+    // Contract: "fields", though each names one key.
+    const Decoder precedence = in.required(key<"precedence", "precedence", "precedence fields not found">());
     precedence.required_integer(key<"precedence", "precedence.precedence", "precedence fields not found">(),
                                 rule.precedence);
     precedence.required_integer(key<"cos_802_1p", "precedence.cos_802_1p", "cos_802_1p fields not found">(),
                                 rule.cos_802_1p);
     precedence.required_integer(key<"dscp_remarking", "precedence.dscp_remarking", "dscp_remarking fields not found">(),
                                 rule.dscp_remarking);
-    Decoder port = in.optional("port");
+    const Decoder port = in.optional("port");
     port.optional_integer("physical_port", rule.physical_port);
     port.optional_integer("dscp_pattern", rule.port_dscp_pattern);
     in.optional("ethertype").optional_integer("value", rule.ethertype_value);
-    Decoder ip = in.optional("ip_protocol");
+    const Decoder ip = in.optional("ip_protocol");
     ip.optional_integer("ip_version", rule.ip_version);
     ip.optional_integer("protocol", rule.protocol);
     ip.optional_integer("dscp_pattern", rule.ip_dscp_pattern);
-    ip_from_json(ip.optional("ip_config_src"), rule.src_ip4, rule.src_ip4_mask, rule.src_ip6,
-                 rule.src_ip6_prefix_length);
-    ip_from_json(ip.optional("ip_config_dst"), rule.dst_ip4, rule.dst_ip4_mask, rule.dst_ip6,
-                 rule.dst_ip6_prefix_length);
-    ports_from_json(ip.optional("src_port"), rule.src_port_start, rule.src_port_end);
-    ports_from_json(ip.optional("dst_port"), rule.dst_port_start, rule.dst_port_end);
-    Decoder mac = in.optional("mac");
+    const Decoder source = ip.optional("ip_config_src");
+    source.optional_string("ip4", rule.src_ip4);
+    source.optional_string("ip4_mask", rule.src_ip4_mask);
+    source.optional_string("ip6", rule.src_ip6);
+    source.optional_integer("ip6_prefix_length", rule.src_ip6_prefix_length);
+    const Decoder destination = ip.optional("ip_config_dst");
+    destination.optional_string("ip4", rule.dst_ip4);
+    destination.optional_string("ip4_mask", rule.dst_ip4_mask);
+    destination.optional_string("ip6", rule.dst_ip6);
+    destination.optional_integer("ip6_prefix_length", rule.dst_ip6_prefix_length);
+    const Decoder source_port = ip.optional("src_port");
+    source_port.optional_integer("start", rule.src_port_start);
+    source_port.optional_integer("end", rule.src_port_end);
+    const Decoder destination_port = ip.optional("dst_port");
+    destination_port.optional_integer("start", rule.dst_port_start);
+    destination_port.optional_integer("end", rule.dst_port_end);
+    const Decoder mac = in.optional("mac");
     mac.optional_string("src", rule.mac_src);
     mac.optional_string("dst", rule.mac_dst);
 }

@@ -2,8 +2,6 @@
 #include "records/qos.h"
 
 #include <cstddef>
-#include <cstdint>
-#include <iterator>
 
 using namespace kelmora;
 
@@ -45,23 +43,17 @@ void from_json(Decoder &in, kelmora_qos_policy &policy)
     in.required_boolean("enable"_key, policy.enable);
     in.required_integer("queue_mode"_key, policy.queue_mode);
     const ArrayDecoder queues = in.required_array("queue_config"_key);
-    for (std::size_t i = 0; i < std::size(policy.queue_config) && in.ok(); ++i) { // more are ignored, on purpose
-        auto &queue = policy.queue_config[i];
-        Decoder entry = queues[i];
-        const Decoder enable = entry.required(queue_key<"enable">());
-        const Decoder weight = entry.required(queue_key<"weight">());
-        if (in.ok()) { // both or neither
-            queue.enable = enable.is_true() ? 1 : 0;
-            queue.weight = static_cast<std::uint8_t>(weight.integer());
-        }
+    std::size_t i = 0;
+    for (auto &queue : policy.queue_config) { // as many as the record has: fewer are rejected, more ignored
+        const Decoder entry = queues[i++];
+        entry.require(queue_key<"enable">(), queue_key<"weight">()); // both or neither is stored
+        entry.required_boolean(queue_key<"enable">(), queue.enable);
+        entry.required_integer(queue_key<"weight">(), queue.weight);
     }
-    Decoder bandwidth = in.required("bandwidth_config"_key);
-    const Decoder limited = bandwidth.required(bandwidth_key<"totalbandwidth_enable">());
-    const Decoder limit = bandwidth.required(bandwidth_key<"totalbandwidth">());
-    if (in.ok()) { // both or neither
-        policy.totalbandwidth_enable = limited.is_true() ? 1 : 0;
-        policy.totalbandwidth = static_cast<std::uint32_t>(limit.integer());
-    }
+    const Decoder bandwidth = in.required("bandwidth_config"_key);
+    bandwidth.require(bandwidth_key<"totalbandwidth_enable">(), bandwidth_key<"totalbandwidth">()); // both or neither
+    bandwidth.required_boolean(bandwidth_key<"totalbandwidth_enable">(), policy.totalbandwidth_enable);
+    bandwidth.required_integer(bandwidth_key<"totalbandwidth">(), policy.totalbandwidth);
 }
 
 } // namespace

@@ -34,26 +34,26 @@ void to_json(Encoder &out, const kelmora_tr069_config &config, const NodeId &id)
 void from_json(Decoder &in, kelmora_tr069_config &config)
 {
     in.required_boolean("tr069_enable"_key, config.tr069_enable);
-    if (Decoder acs = in.optional("acs")) {
+    if (const Decoder acs = in.optional("acs")) {
         acs.required_string("acs.acs_url"_key, config.acs_url);
         acs.required_string("acs.acs_username"_key, config.acs_username);
         acs.required_string("acs.acs_password"_key, config.acs_password);
         acs.required_boolean("acs.tr069_inform"_key, config.tr069_inform);
         acs.required_integer("acs.tr069_interval"_key, config.tr069_interval);
     }
-    if (Decoder connection = in.optional("connection")) {
+    if (const Decoder connection = in.optional("connection")) {
         connection.required_boolean("connection.enabled"_key, config.connection_enabled);
         connection.required_string("connection.conreq_name"_key, config.conreq_name);
         connection.required_string("connection.conreq_pw"_key, config.conreq_pw);
         connection.optional_string("conreq_path", config.conreq_path);
         connection.required_integer("connection.conreq_port"_key, config.conreq_port);
     }
-    if (Decoder stun = in.optional("stun")) {
+    if (const Decoder stun = in.optional("stun")) {
         stun.required_boolean("stun.enabled"_key, config.stun_enabled);
         stun.required_string("stun.stun_server_addr"_key, config.stun_server_addr);
         stun.required_integer("stun.stun_server_port"_key, config.stun_server_port);
     }
-    in.optional_string("ca_cert", config.ca_cert); // last on purpose: not stored when a key above is missing
+    in.optional_string("ca_cert", config.ca_cert); // last: not stored when a key above is missing
 }
 
 } // namespace

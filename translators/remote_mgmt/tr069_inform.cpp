@@ -20,7 +20,4 @@ int tr069_inform_to_translator(kelmora_resource *head, char **out)
 }
 
 // A report is read-only.
-int tr069_inform_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int tr069_inform_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

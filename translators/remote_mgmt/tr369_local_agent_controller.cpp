@@ -46,11 +46,11 @@ void to_json(Encoder &out, const kelmora_tr369_local_agent_controller &controlle
     });
 }
 
-void websocket_from_json(Decoder in, Websocket &websocket)
+void websocket_from_json(const Decoder &in, Websocket &websocket)
 {
     in.required_string(key<"host", "mtp.websocket.host", "missing host field">(), websocket.host);
     in.required_integer(key<"port", "mtp.websocket.port", "missing port field">(), websocket.port);
-    // The field is that of the whole object on purpose.
+    // Contract: reported under the whole object.
     in.required_string(key<"path", "mtp.websocket", "missing path field">(), websocket.path);
     in.required_boolean(key<"encryption", "mtp.websocket.encryption", "missing encryption field">(),
                         websocket.encryption);
@@ -59,7 +59,7 @@ void websocket_from_json(Decoder in, Websocket &websocket)
         websocket.keep_alive_interval);
 }
 
-void mqtt_from_json(Decoder in, Mqtt &mqtt)
+void mqtt_from_json(const Decoder &in, Mqtt &mqtt)
 {
     in.required_string(key<"reference", "mtp.mqtt", "missing reference field">(), mqtt.reference);
     in.required_string(key<"reference_topic", "mtp.mqtt", "missing reference_topic field">(), mqtt.reference_topic);
@@ -75,7 +75,7 @@ void mtp_from_json(const Decoder &in, Mtp &mtp)
         websocket_from_json(in.optional("websocket"), mtp.variant.websocket);
     else if (mtp.protocol == KELMORA_TR369_MTP_MQTT)
         mqtt_from_json(in.optional("mqtt"), mtp.variant.mqtt);
-    else // recorded, but no failure, on purpose
+    else // reported, and the entry is added all the same
         kelmora_errorlist_add_error(in.errors(), "mtp.protocol", "invalid protocol", "json");
 }
 
@@ -84,8 +84,8 @@ void from_json(Decoder &in, kelmora_tr369_local_agent_controller &controller)
     in.required_boolean("enabled"_key, controller.enabled);
     in.required_string("endpoint_id"_key, controller.endpoint_id);
     in.required_integer("periodic_notific_interval"_key, controller.periodic_notific_interval);
-    Mtp mtp{}; // one for all elements, on purpose: what an element does not set stays as the one before left it
-    for (Decoder element : in.required_array("mtp"_key)) {
+    Mtp mtp{}; // one for all elements: what an element does not set stays as the one before left it
+    for (const Decoder element : in.required_array("mtp"_key)) {
         mtp_from_json(element, mtp);
         if (in.ok())
             kelmora_tr369_local_agent_controller_mtp_add(&controller, &mtp, 0, in.errors());

@@ -7,12 +7,12 @@ namespace {
 
 void to_json(Encoder &out, const kelmora_tr369_local_agent_mtp &mtp, const NodeId &id)
 {
-    out.boolean("enabled", mtp.enabled); // in front of the id on purpose
+    out.boolean("enabled", mtp.enabled); // Contract: in front of the id
     out.string("id", id);
     out.integer("protocol", mtp.protocol);
     out.object("mqtt_config", [&](Encoder &mqtt) {
         if (mtp.protocol != KELMORA_TR369_MTP_MQTT)
-            return; // empty, but there, on purpose
+            return; // the object is there, and empty
         mqtt.string("reference", mtp.reference);
         mqtt.string("reference_topic", mtp.reference_topic);
         mqtt.integer("qos", mtp.qos);
@@ -21,12 +21,12 @@ void to_json(Encoder &out, const kelmora_tr369_local_agent_mtp &mtp, const NodeI
 
 void from_json(Decoder &in, kelmora_tr369_local_agent_mtp &mtp)
 {
-    in.leak_document_on_success(); // on purpose: success alone leaves it unreleased
+    in.leak_document_on_success(); // Contract: success alone leaks the document
     in.required_boolean("enabled"_key, mtp.enabled);
     in.required_integer("protocol"_key, mtp.protocol);
     if (!in.ok() || mtp.protocol != KELMORA_TR369_MTP_MQTT)
         return;
-    Decoder mqtt = in.required("mqtt_config"_key);
+    const Decoder mqtt = in.required("mqtt_config"_key);
     mqtt.required_string(key<"reference", "mqtt_config.reference", "mqtt_config.reference field not found">(),
                          mtp.reference);
     mqtt.required_string(

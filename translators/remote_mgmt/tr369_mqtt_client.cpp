@@ -40,7 +40,7 @@ void from_json(Decoder &in, kelmora_tr369_mqtt_client &client)
     in.required_integer("protocol_version"_key, client.protocol_version);
     in.required_integer("transport_protocol"_key, client.transport_protocol);
     kelmora_tr369_mqtt_client_subscription subscription{}; // the host copies it
-    for (Decoder element : in.required_array("subscription"_key)) {
+    for (const Decoder element : in.required_array("subscription"_key)) {
         element.required_boolean(key<"enabled", "subscription", "no enabled field">(), subscription.enabled);
         element.required_string(key<"topic", "subscription", "no topic field">(), subscription.topic);
         element.required_integer(key<"qos", "subscription", "no qos field">(), subscription.qos);

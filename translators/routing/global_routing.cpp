@@ -20,7 +20,4 @@ int global_routing_to_translator(kelmora_resource *head, char **out)
 }
 
 // The routing table is read-only.
-int global_routing_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int global_routing_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

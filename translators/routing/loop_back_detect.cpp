@@ -13,9 +13,9 @@ namespace {
 
 void frame_type_to_json(Encoder &out, std::uint16_t frame_type)
 {
-    char text[sizeof "0xFFFF"];
+    char text[sizeof "0xFFFF"]{};
     std::sprintf(text, "0x%X", unsigned{frame_type});
-    text[5] = '\0'; // on purpose: a fourth digit is lost
+    text[5] = '\0'; // Contract: a fourth digit is lost
     out.string("frame_type", text);
 }
 
@@ -34,12 +34,21 @@ void to_json(Encoder &out, const kelmora_loop_back_detect &detection, const Node
     });
 }
 
+/// What strtol gives on the target, whose long has 32 bits: beyond them the largest or the smallest.
+std::int32_t number_in_hexadecimal(const char *string)
+{
+    const long number = std::strtol(string, nullptr, 16);
+    if (number > INT32_MAX)
+        return INT32_MAX;
+    return number < INT32_MIN ? INT32_MIN : static_cast<std::int32_t>(number);
+}
+
 void vlans_from_json(const Decoder &in, kelmora_loop_back_detect &detection)
 {
     const ArrayDecoder list = in.required_array("vlan_list"_key);
     if (list.size() > std::size(detection.vlan_list))
         in.fail("vlan_list", "vlan_list with more than 16 ids");
-    // The slots behind a shorter list stay as they are, on purpose.
+    // A shorter list does not clear the slots behind its end: they stay in use.
     for (std::size_t i = 0; i < list.size(); ++i) {
         auto &slot = detection.vlan_list[i];
         slot.vlan_id = static_cast<std::uint16_t>(list[i].integer());
@@ -49,12 +58,12 @@ void vlans_from_json(const Decoder &in, kelmora_loop_back_detect &detection)
 
 void from_json(Decoder &in, kelmora_loop_back_detect &detection)
 {
-    in.leak_document_on_success(); // on purpose: success alone leaves it unreleased
+    in.leak_document_on_success(); // Contract: success alone leaks the document
     in.required_boolean("enabled"_key, detection.enabled);
     in.required_integer("detection_interval"_key, detection.detection_interval);
     in.required_integer("recovery_interval"_key, detection.recovery_interval);
     if (const Decoder frame_type = in.required("frame_type"_key))
-        detection.frame_type = static_cast<std::uint16_t>(std::strtol(frame_type.string(), nullptr, 16));
+        detection.frame_type = static_cast<std::uint16_t>(number_in_hexadecimal(frame_type.string()));
     vlans_from_json(in, detection);
 }
 

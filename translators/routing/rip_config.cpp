@@ -15,7 +15,7 @@ void to_json(Encoder &out, const kelmora_rip_config &rip, const NodeId &id)
 
 void from_json(Decoder &in, kelmora_rip_config &rip)
 {
-    in.leak_document_on_failure(true); // on purpose: success alone releases it
+    in.leak_document_on_failure(true); // Contract: a missing key leaks the document
     in.required_string(key<"interfaceID", "interfaceID", "interfaceID not found">(), rip.interfaceID);
     in.required_integer(key<"receive_mode", "receive_mode", "receive_mode not found">(), rip.receive_mode);
     in.required_integer(key<"send_mode", "send_mode", "send_mode not found">(), rip.send_mode);

@@ -13,7 +13,7 @@ void to_json(Encoder &out, const kelmora_rip_enable &rip, const NodeId &id)
 
 void from_json(Decoder &in, kelmora_rip_enable &rip)
 {
-    in.leak_document_on_failure(true); // on purpose: success alone releases it
+    in.leak_document_on_failure(true); // Contract: a missing key leaks the document
     in.required_boolean(key<"enable", "enable", "enable not found">(), rip.enable);
 }
 

@@ -16,7 +16,7 @@ void to_json(Encoder &out, const kelmora_static_routing &routing, const NodeId &
 void from_json(Decoder &in, kelmora_static_routing &routing)
 {
     in.required_boolean("state"_key, routing.state);
-    Decoder route = in.required(key<"route", "route", "route fields not found">());
+    const Decoder route = in.required(key<"route", "route", "route fields not found">());
     route.required_string("route.destination"_key, routing.route.destination);
     route.required_string("route.net_mask"_key, routing.route.net_mask);
     route.required_string("route.next_hop"_key, routing.route.next_hop);

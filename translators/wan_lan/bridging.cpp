@@ -16,7 +16,7 @@ void to_json(Encoder &out, const kelmora_bridging &bridge, const NodeId &id)
                 entry.integer("port", node.port);
                 entry.string("mac_addr", node.mac_addr);
                 entry.boolean("is_local", node.is_local);
-                entry.string("ageing_time", node.ageing_time); // a text here, on purpose
+                entry.string("ageing_time", node.ageing_time); // Contract: a string here, an integer above
             });
         }
     });

@@ -27,7 +27,7 @@ void to_json(Encoder &out, const kelmora_connected_device &device, const NodeId 
         for (const auto &node : chain(device.ip6_list))
             list.string(node.address);
     });
-    out.integer("ip6_count", device.ip6_count); // the host's count, on purpose, not the list's length
+    out.integer("ip6_count", device.ip6_count); // the host's count, which need not be the list's length
 }
 
 } // namespace
@@ -38,7 +38,4 @@ int connected_device_to_translator(kelmora_resource *head, char **out)
 }
 
 // The devices are what the host has seen.
-int connected_device_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int connected_device_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

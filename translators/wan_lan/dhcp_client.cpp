@@ -22,7 +22,4 @@ int dhcp_client_to_translator(kelmora_resource *head, char **out)
 }
 
 // The clients are what the host has seen.
-int dhcp_client_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int dhcp_client_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

@@ -28,14 +28,14 @@ void to_json(Encoder &out, const kelmora_dhcp_server &server, const NodeId &id)
 
 void from_json(Decoder &in, kelmora_dhcp_server &server)
 {
-    in.leak_document_on_success(); // on purpose: success alone leaves it unreleased
+    in.leak_document_on_success(); // Contract: success alone leaks the document
     in.required_boolean("enabled"_key, server.enabled);
     in.required_string("interface"_key, server.interface);
     in.required_string("rangeStart"_key, server.rangeStart);
     in.required_string("rangeEnd"_key, server.rangeEnd);
     in.optional_integer("dns_mode", server.dns_mode);
     in.optional_integer("dhcpLeaseTime", server.dhcpLeaseTime);
-    in.required_string("dns1"_key, server.dns1); // whatever the mode, on purpose
+    in.required_string("dns1"_key, server.dns1); // required whatever the mode
     in.required_string("dns2"_key, server.dns2);
 }
 

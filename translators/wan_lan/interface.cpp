@@ -16,7 +16,7 @@ void to_json(Encoder &out, const kelmora_interface &interface, const NodeId &id)
         for (const auto &ip6 : chain(interface.ip6_list))
             list.string(ip6.address);
     });
-    out.integer("ip6_count", interface.ip6_count); // as stored, on purpose: the chain is not counted
+    out.integer("ip6_count", interface.ip6_count); // the host's count, which need not be the list's length
     out.boolean("running", interface.running);
 }
 
@@ -26,7 +26,7 @@ void from_json(Decoder &in, kelmora_interface &interface)
     in.required_string("mac"_key, interface.mac);
     in.required_string("netmask"_key, interface.netmask);
     in.required_integer("mtu"_key, interface.mtu);
-    // The host's count stays, on purpose.
+    // ip6_count stays as it is: the host counts.
     ChainBuilder<kelmora_ip6_address> builder(interface.ip6_list);
     for (const Decoder element : in.optional_array("ip6_list")) {
         if (*element.string() == '\0')

@@ -16,7 +16,7 @@ void to_json(Encoder &out, const kelmora_interface_statistics &statistics, const
     out.integer("time", statistics.time);
 }
 
-/// Reads a real although an integer is written, on purpose: an integer in the document stores 0.
+/// A real, although to_json gives an integer: an integer in the document stores 0.
 void counter_from_json(const Decoder &in, Key key, std::uint32_t &counter)
 {
     if (const Decoder value = in.required(key))

@@ -19,7 +19,4 @@ int lan_port_status_to_translator(kelmora_resource *head, char **out)
 }
 
 // A status is read-only.
-int lan_port_status_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int lan_port_status_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

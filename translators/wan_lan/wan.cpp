@@ -32,7 +32,7 @@ void to_json(Encoder &out, const kelmora_wan &wan, const NodeId &id)
     if (wan.vlan_enable != 0)
         out.integer("vlanID", wan.vlanID);
     else
-        out.whole_string("vlanID", ""); // on purpose: an untagged connection has none, not VLAN 0
+        out.whole_string("vlanID", ""); // an untagged connection has none, which is not VLAN 0
     out.integer("multicast_vlanID", wan.multicast_vlanID);
     out.boolean("omci_configured", wan.omci_configured);
     out.integer("protocol", wan.protocol);
@@ -45,12 +45,12 @@ void from_json(Decoder &in, kelmora_wan &wan)
     in.optional_integer("address_mode_v6", wan.address_mode_v6);
     in.optional_string("gateway", wan.gateway);
     in.optional_string("gateway_v6", wan.gateway_v6);
-    Decoder dns_v4 = in.required(key<"dns_v4", "dns_v4", "dns_v4 fields not found">());
+    const Decoder dns_v4 = in.required(key<"dns_v4", "dns_v4", "dns_v4 fields not found">());
     dns_v4.required_boolean("dns_v4.automatic"_key, wan.dns_v4_automatic);
     dns_v4.optional_string("dns1", wan.dns_v4_dns1);
     dns_v4.optional_string("dns2", wan.dns_v4_dns2);
     dns_v4.optional_string("dns3", wan.dns_v4_dns3);
-    if (Decoder dns_v6 = in.optional("dns_v6")) {
+    if (const Decoder dns_v6 = in.optional("dns_v6")) {
         dns_v6.required_boolean("dns_v6.automatic"_key, wan.dns_v6_automatic);
         dns_v6.optional_string("dns1", wan.dns_v6_dns1);
         dns_v6.optional_string("dns2", wan.dns_v6_dns2);

@@ -2,7 +2,6 @@
 #include "records/wan_lan.h"
 
 #include <cstddef>
-#include <iterator>
 
 using namespace kelmora;
 
@@ -26,20 +25,17 @@ void to_json(Encoder &out, const kelmora_wan_lan_list &ports, const NodeId &id)
 void from_json(Decoder &in, kelmora_wan_lan_list &ports)
 {
     const ArrayDecoder list = in.required_array("lan_list"_bare_key);
-    in.leak_document_on_failure(true); // from here on, on purpose: an incomplete entry leaves all of it unreleased
-    for (std::size_t i = 0; i < std::size(ports.lan_list) && in.ok(); ++i) {
-        auto &port = ports.lan_list[i];
-        if (i >= list.size()) {
+    in.leak_document_on_failure(true); // Contract: when a member of an entry is missing
+    std::size_t i = 0;
+    for (auto &port : ports.lan_list) { // as many as the record has: more are ignored
+        const Decoder entry = list[i++];
+        if (in.ok() && i > list.size()) {
             port = {};
             continue;
         }
-        Decoder entry = list[i];
-        const Decoder lan_id = entry.required("lan_list.lan_id"_bare_key);
-        const Decoder enabled = entry.required("lan_list.enabled"_bare_key);
-        if (in.ok()) { // both or neither
-            lan_id.store_string(port.lan_id);
-            port.enabled = enabled.is_true() ? 1 : 0;
-        }
+        entry.require("lan_list.lan_id"_bare_key, "lan_list.enabled"_bare_key); // both or neither is stored
+        entry.required_string("lan_list.lan_id"_bare_key, port.lan_id);
+        entry.required_boolean("lan_list.enabled"_bare_key, port.enabled);
     }
 }
 

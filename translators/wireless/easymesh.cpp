@@ -1,8 +1,6 @@
 #include "frame/translator.h"
 #include "records/wireless.h"
 
-#include <cstddef>
-
 using namespace kelmora;
 
 namespace {
@@ -35,29 +33,35 @@ void to_json(Encoder &out, const kelmora_easymesh &mesh)
     out.array("neighbors", [&](ArrayEncoder &list) { neighbors_to_json(list, mesh.neighbors); });
 }
 
+void neighbor_from_json(const Decoder &element, const Decoder &mac, kelmora_easymesh_neighbor &node)
+{
+    mac.store_string(node.mac);
+    element.optional_string("name", node.name);
+    element.optional_string("model", node.model);
+    if (element.optional("neighbors"))
+        element.fail("neighbors", "neighbors of neighbors cannot be set");
+}
+
 /// A list that has elements takes the place of the chain that the record had.
 void neighbors_from_json(const Decoder &in, kelmora_easymesh &mesh)
 {
     const ArrayDecoder list = in.optional_array("neighbors");
     if (list.size() == 0)
         return;
-    // The first node is there even when the first element turns out to lack its address, on purpose.
-    auto *first = new_node<kelmora_easymesh_neighbor>(in, "neighbors");
-    if (first == nullptr)
+    // The first node is there even when the first element turns out to lack its address; further ones are not.
+    auto *node = new_node<kelmora_easymesh_neighbor>(in, "neighbors");
+    if (node == nullptr)
         return;
-    mesh.neighbors = first;
+    mesh.neighbors = node;
     ChainBuilder<kelmora_easymesh_neighbor> builder(mesh.neighbors);
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        Decoder element = list[i];
+    for (const Decoder element : list) {
         const Decoder mac = element.required(key<"mac", "neighbors", "no mac field">());
-        auto *node = i == 0 ? first : builder.add(in, "neighbors");
+        if (node == nullptr)
+            node = builder.add(in, "neighbors");
         if (node == nullptr)
             return;
-        mac.store_string(node->mac);
-        element.optional_string("name", node->name);
-        element.optional_string("model", node->model);
-        if (element.optional("neighbors"))
-            in.fail("neighbors", "neighbors of neighbors cannot be set");
+        neighbor_from_json(element, mac, *node);
+        node = nullptr; // the next element has one of its own
     }
 }
 

@@ -35,7 +35,7 @@ void from_json(Decoder &in, kelmora_radio &radio)
     in.optional_boolean("beamforming", radio.beamforming);
     in.optional_boolean("ofdma", radio.ofdma);
     in.optional_boolean("twt", radio.twt);
-    in.required_integer("power"_key, radio.power); // last on purpose: the features are stored by now
+    in.required_integer("power"_key, radio.power); // last: the features are stored by now
 }
 
 } // namespace

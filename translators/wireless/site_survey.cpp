@@ -26,7 +26,4 @@ int site_survey_to_translator(kelmora_resource *head, char **out)
 }
 
 // A scan is read-only.
-int site_survey_from_translator(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist * /*errors*/)
-{
-    return 1;
-}
+int site_survey_from_translator(kelmora_resource *, const char *, kelmora_errorlist *) { return 1; }

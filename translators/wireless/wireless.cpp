@@ -33,7 +33,7 @@ void from_json(Decoder &in, kelmora_wireless &network)
     in.required_string("ssid"_key, network.ssid);
     in.required_integer("cipher"_key, network.cipher);
     in.required_integer("crypto"_key, network.crypto);
-    in.optional_integer("mode", network.mode); // here on purpose: stored even when a key below is missing
+    in.optional_integer("mode", network.mode); // here: stored even when a key below is missing
     in.required_string("key"_key, network.key);
     in.required_boolean("wps"_key, network.wps);
     in.required_boolean("enabled"_key, network.enabled);

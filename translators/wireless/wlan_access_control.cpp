@@ -27,7 +27,7 @@ void from_json(Decoder &in, kelmora_wlan_access_control &control)
     auto *entry = control.mac_list;
     for (const Decoder element : list) {
         if (!element.is_string()) {
-            in.fail("mac_address", "data type must be a valid string"); // the field is no key, on purpose
+            in.fail("mac_address", "data type must be a valid string"); // Contract: no such key
         } else if (entry == nullptr) { // fewer than asked for: the host cannot say otherwise that it has no memory
             in.fail("mac_list", "out of memory");
         } else {

@@ -273,6 +273,19 @@ TEST_F(LoopBackDetectFrom, StoresTheLowSixteenBitsOfTheFrameType)
     EXPECT_EQ(frame_type_of(R"("-ffffffffffffffffffff")"), 0);
 }
 
+TEST_F(LoopBackDetectFrom, StopsAFrameTypeAtTheLargestAndSmallestOf32Bits)
+{
+    EXPECT_EQ(frame_type_of(R"("7FFFFFFE")"), 0xFFFE);
+    for (const char *larger :
+         {"7FFFFFFF", "80000000", "0x80000001", "0xFFFF8100", "FFFFFFFF", "100000000", "0x100008100",
+          "7FFFFFFFFFFFFFFF", "8000000000000000", "FFFFFFFFFFFF8100", "10000000000008100"})
+        EXPECT_EQ(frame_type_of('"' + std::string(larger) + '"'), 0xFFFF) << larger;
+    EXPECT_EQ(frame_type_of(R"("-7FFFFFFF")"), 1);
+    for (const char *smaller :
+         {"-80000000", "-80000001", "-FFFF8100", "-100008100", "-8000000000000000", "-FFFFFFFFFFFF8100"})
+        EXPECT_EQ(frame_type_of('"' + std::string(smaller) + '"'), 0) << smaller;
+}
+
 TEST_F(LoopBackDetectFrom, StoresZeroForAFrameTypeThatIsNoNumber)
 {
     for (const char *other :
