@@ -1,7 +1,7 @@
-# What must be there from outside: jansson's header for the library, jansson and CLI11 for the development host, and
-# GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and with the
-# same flags as the tests, or else an installed one. The benchmarks take callgrind's header and the libraries of their
-# peers where these are.
+# What must be there from outside: jansson's header for the library; jansson, CLI11 and RapidJSON for the development
+# host; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and
+# with the same flags as the tests, or else an installed one. The benchmarks take callgrind's header and the libraries of
+# their peers where these are.
 
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
@@ -20,10 +20,10 @@ if(NOT GOOGLETEST_SOURCE_DIR)
 endif()
 
 set(KELMORA_HAVE_HOST_DEPENDENCIES OFF)
-if(JANSSON_LIBRARY AND CLI11_INCLUDE_DIR)
+if(JANSSON_LIBRARY AND CLI11_INCLUDE_DIR AND RAPIDJSON_INCLUDE_DIR)
     set(KELMORA_HAVE_HOST_DEPENDENCIES ON)
 else()
-    message(WARNING "jansson or CLI11 not found: the development host and the tests are left out")
+    message(WARNING "jansson, CLI11 or RapidJSON not found: the development host and the tests are left out")
 endif()
 
 set(KELMORA_HAVE_TEST_DEPENDENCIES OFF)

@@ -1,12 +1,16 @@
 #!/bin/sh
 # Builds what the MIPS build links and includes besides the cross compiler's own files, at build/mips-sysroot:
-# the JSON library, from the source package that install-dependencies.sh fetched, and a view of CLI11's headers
-# (the native /usr/include as a whole would not do: it holds the native libc's headers too).
+# the JSON library, from the source package that install-dependencies.sh fetched, and a view of the headers of CLI11 and
+# RapidJSON (the native /usr/include as a whole would not do: it holds the native libc's headers too).
 set -eu
 cd "$(dirname "$0")/.."
 
 root=$PWD
 sysroot=$root/build/mips-sysroot
+mkdir -p "$sysroot/include"
+for headers in CLI rapidjson; do
+    ln -sfn "/usr/include/$headers" "$sysroot/include/$headers"
+done
 [ ! -f "$sysroot/complete" ] || exit 0
 
 if [ ! -f build/jansson-source/CMakeLists.txt ]; then
@@ -20,5 +24,4 @@ cmake -S build/jansson-source -B build/jansson-mips -G Ninja -DCMAKE_TOOLCHAIN_F
     { tail -n 20 build/jansson-mips.log >&2; exit 1; }
 cmake --build build/jansson-mips --target install >>build/jansson-mips.log 2>&1 ||
     { tail -n 20 build/jansson-mips.log >&2; exit 1; }
-ln -sfn /usr/include/CLI "$sysroot/include/CLI"
 touch "$sysroot/complete"

@@ -24,7 +24,7 @@ tests() {
     if [ -f "build/$1/tests/CTestTestfile.cmake" ]; then
         ctest --preset "$1" || die "$2"
     else
-        leave_out "the $2 (GoogleTest, CLI11 or jansson was not found)"
+        leave_out "the $2 (GoogleTest, CLI11, RapidJSON or jansson was not found)"
     fi
 }
 

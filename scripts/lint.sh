@@ -1,11 +1,12 @@
 #!/bin/sh
-# clang-format and clang-tidy over what git knows, with the versions of Debian 12 (14). Needs the release build's
-# compile commands.
+# Whether the table of fields is current; clang-format and clang-tidy over what git knows, with the versions of
+# Debian 12 (14). Needs the release build's compile commands.
 set -eu
 cd "$(dirname "$0")/.."
 
 [ -f build/release/compile_commands.json ] || sh scripts/build.sh release kelmora_json
 
+/usr/bin/python3 -B scripts/generate_fields.py --check
 git ls-files '*.h' '*.c' '*.cpp' | xargs clang-format --dry-run -Werror
 # Not what was left out of the build for want of something that it needs.
 git ls-files 'frame/*.cpp' 'translators/*.cpp' 'host/*.cpp' 'soak/*.cpp' 'bench/*.cpp' |
