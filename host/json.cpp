@@ -7,7 +7,7 @@ namespace kelmora_host {
 
 std::string to_text(const Json &value)
 {
-    const std::unique_ptr<char, decltype(&std::free)> text(json_dumps(value.get(), 0), &std::free);
+    const std::unique_ptr<char, decltype(&std::free)> text(json_dumps(value.get(), JSON_ENCODE_ANY), &std::free);
     if (!text)
         throw std::bad_alloc();
     return text.get();

@@ -1,5 +1,7 @@
 #include "host/plugin/translate.h"
 
+#include "host/plugin/observer.h"
+
 #include <cstdlib>
 #include <new>
 #include <utility>
@@ -9,6 +11,7 @@ void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, c
     errors->errors.push_back({field, message, source});
     if (errors->on_add)
         errors->on_add();
+    kelmora_host::tell_observer([errors](kelmora_host::Observer &observer) { observer.failed(*errors); });
 }
 
 namespace kelmora_host {
