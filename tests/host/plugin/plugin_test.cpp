@@ -39,7 +39,7 @@ TEST(Plugin, IsRefusedWhenItIsNoSharedObject) { EXPECT_THAT(refusal_of("/proc/se
 TEST(Plugin, IsRefusedWhenItDoesNotExportItsEntryPoint)
 {
     Dl_info jansson{};
-    ASSERT_NE(dladdr(dlsym(RTLD_DEFAULT, "json_loads"), &jansson), 0);
+    ASSERT_NE(dladdr(dlsym(RTLD_DEFAULT, "json_delete"), &jansson), 0);
     EXPECT_THAT(refusal_of(jansson.dli_fname), HasSubstr("undefined symbol: kelmora_json_init"));
 }
 
