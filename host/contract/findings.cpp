@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 #include <map>
 #include <unordered_map>
 #include <unordered_set>
@@ -45,58 +44,6 @@ std::string_view name_of(ValueType type)
         return "an object";
     }
     return "";
-}
-
-/// The string as JSON text. Bytes that are not UTF-8 become U+FFFD.
-std::string json_text_of(std::string string)
-{
-    Json json(json_text(string));
-    while (!json) {
-        // What is cut ends within a character.
-        while (!string.empty() && (static_cast<unsigned char>(string.back()) & 0xC0U) == 0x80U)
-            string.pop_back();
-        if (!string.empty())
-            string.pop_back();
-        json.reset(json_text(string + "\uFFFD"));
-    }
-    return to_text(json);
-}
-
-/// The integer that a field's bytes are.
-json_int_t integer_in(const Stored &stored)
-{
-    const bool is_signed = stored.field->kind == FieldKind::signed_integer;
-    const auto as = [&]<class Signed, class Unsigned>(Signed number, Unsigned same) {
-        std::memcpy(&number, stored.bytes.data(), sizeof number);
-        std::memcpy(&same, stored.bytes.data(), sizeof same);
-        return is_signed ? json_int_t{number} : static_cast<json_int_t>(same);
-    };
-    switch (stored.bytes.size()) {
-    case 1:
-        return as(std::int8_t{}, std::uint8_t{});
-    case 2:
-        return as(std::int16_t{}, std::uint16_t{});
-    default:
-        return as(std::int32_t{}, std::uint32_t{});
-    }
-}
-
-bool is_integer(const Stored &stored)
-{
-    return stored.field->kind == FieldKind::unsigned_integer || stored.field->kind == FieldKind::signed_integer;
-}
-
-/// A string field's string.
-std::string string_in(const Stored &stored) { return stored.bytes.c_str(); }
-
-/// What is stored, as JSON text.
-std::string json_of(const Stored &stored)
-{
-    if (stored.boolean)
-        return *stored.boolean ? "true" : "false";
-    if (is_integer(stored))
-        return std::to_string(integer_in(stored));
-    return json_text_of(string_in(stored));
 }
 
 /// A value that was looked up, and all that was done with it.
@@ -262,14 +209,14 @@ private:
         } else if (looked.stored.empty()) {
             check_dropped(value, looked);
         } else if (const Stored &stored = looked.stored.front(); stored.field->kind == FieldKind::string) {
-            const std::string kept = string_in(stored);
+            const std::string kept = stored.string();
             if (kept == value.string)
                 return;
             std::string message =
                 counted(value.string.size(), "byte", "bytes") + " sent, " + std::to_string(kept.size()) + " kept";
             if ((static_cast<unsigned char>(value.string[kept.size()]) & 0xC0U) == 0x80U)
                 message += "; the cut falls inside a character, so the key will be missing from the output";
-            add("cut", value, std::move(message), json_of(stored));
+            add("cut", value, std::move(message), stored.json());
         }
     }
 
@@ -280,8 +227,8 @@ private:
             add_wrong_type(value, looked, taken);
         } else if (looked.stored.empty()) {
             check_dropped(value, looked);
-        } else if (const Stored &stored = looked.stored.front(); is_integer(stored) && !holds(stored, value)) {
-            const std::string now = json_of(stored);
+        } else if (const Stored &stored = looked.stored.front(); stored.is_integer() && !holds(stored, value)) {
+            const std::string now = stored.json();
             const bool fraction = value.type == ValueType::real && fits_without_fraction(stored, value);
             add("wrapped", value,
                 std::string(value.raw) + (fraction ? " loses its fraction" : " does not fit into " + width_of(stored)) +
@@ -294,14 +241,14 @@ private:
     {
         const Json sent(json_loads(std::string(value.raw).c_str(), JSON_DECODE_ANY, nullptr));
         if (value.type == ValueType::integer)
-            return json_integer_value(sent.get()) == integer_in(stored);
-        return json_real_value(sent.get()) == static_cast<double>(integer_in(stored));
+            return json_integer_value(sent.get()) == stored.integer();
+        return json_real_value(sent.get()) == static_cast<double>(stored.integer());
     }
 
     static bool fits_without_fraction(const Stored &stored, const Value &value)
     {
         const Json sent(json_loads(std::string(value.raw).c_str(), JSON_DECODE_ANY, nullptr));
-        return std::trunc(json_real_value(sent.get())) == static_cast<double>(integer_in(stored));
+        return std::trunc(json_real_value(sent.get())) == static_cast<double>(stored.integer());
     }
 
     static std::string width_of(const Stored &stored)
@@ -362,7 +309,7 @@ private:
         std::string message = std::string(name_of(value.type)) + " where " + std::string(taken) + " is taken: ";
         std::optional<std::string> stored;
         if (!looked.stored.empty() && looked.stored.front().field->kind != FieldKind::string_pointer)
-            stored = json_of(looked.stored.front());
+            stored = looked.stored.front().json();
         message += stored ? *stored + " is stored" : "nothing is stored";
         add("wrong-type", value, std::move(message), std::move(stored));
     }

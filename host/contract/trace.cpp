@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <functional>
 #include <unordered_map>
 
@@ -383,6 +384,43 @@ private:
 };
 
 } // namespace
+
+bool Stored::is_integer() const
+{
+    return field->kind == FieldKind::unsigned_integer || field->kind == FieldKind::signed_integer;
+}
+
+std::int64_t Stored::integer() const
+{
+    const auto as = [this]<class Signed, class Unsigned>(Signed number, Unsigned same) {
+        std::memcpy(&number, bytes.data(), sizeof number);
+        std::memcpy(&same, bytes.data(), sizeof same);
+        return field->kind == FieldKind::signed_integer ? std::int64_t{number} : static_cast<std::int64_t>(same);
+    };
+    switch (bytes.size()) {
+    case sizeof(std::uint8_t):
+        return as(std::int8_t{}, std::uint8_t{});
+    case sizeof(std::uint16_t):
+        return as(std::int16_t{}, std::uint16_t{});
+    default:
+        return as(std::int32_t{}, std::uint32_t{});
+    }
+}
+
+std::string Stored::json() const
+{
+    if (boolean)
+        return *boolean ? "true" : "false";
+    if (is_integer())
+        return std::to_string(integer());
+    std::string text = string();
+    Json json(json_text(text));
+    while (!json) { // a string that was cut ends within a character
+        text.pop_back();
+        json.reset(json_text(text + "\uFFFD"));
+    }
+    return to_text(json);
+}
 
 std::string Step::pointer() const
 {

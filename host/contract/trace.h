@@ -9,6 +9,7 @@
 #include "host/plugin/registry.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
@@ -28,6 +29,17 @@ struct Stored {
     std::size_t offset;          ///< in bytes, from the begin of the record or of the chain's node
     std::string bytes;           ///< the field's, or the element's when it is an array
     std::optional<bool> boolean; ///< where the plug-in used the value as a boolean: what is stored
+
+    [[nodiscard]] bool is_integer() const;
+
+    /// The integer that the bytes are, which must be one.
+    [[nodiscard]] std::int64_t integer() const;
+
+    /// The bytes up to a NUL.
+    [[nodiscard]] std::string string() const { return bytes.c_str(); }
+
+    /// What is stored, as JSON text. Bytes of a string that are not UTF-8 are U+FFFD in it.
+    [[nodiscard]] std::string json() const;
 };
 
 /// One look-up of the plug-in's in a document.
