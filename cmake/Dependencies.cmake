@@ -1,11 +1,12 @@
-# What must be there from outside: jansson's header for the library; jansson, CLI11 and RapidJSON for the development
-# host; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and
+# What must be there from outside: jansson's header for the library; jansson, CLI11, {fmt} and RapidJSON for the
+# development host; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and
 # with the same flags as the tests, or else an installed one. The benchmarks take callgrind's header and the libraries of
 # their peers where these are.
 
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp)
+find_path(FMT_INCLUDE_DIR fmt/color.h)
 find_path(CALLGRIND_INCLUDE_DIR valgrind/callgrind.h)
 find_path(CJSON_INCLUDE_DIR cjson/cJSON.h)
 find_library(CJSON_LIBRARY cjson)
@@ -20,10 +21,10 @@ if(NOT GOOGLETEST_SOURCE_DIR)
 endif()
 
 set(KELMORA_HAVE_HOST_DEPENDENCIES OFF)
-if(JANSSON_LIBRARY AND CLI11_INCLUDE_DIR AND RAPIDJSON_INCLUDE_DIR)
+if(JANSSON_LIBRARY AND CLI11_INCLUDE_DIR AND FMT_INCLUDE_DIR AND RAPIDJSON_INCLUDE_DIR)
     set(KELMORA_HAVE_HOST_DEPENDENCIES ON)
 else()
-    message(WARNING "jansson, CLI11 or RapidJSON not found: the development host and the tests are left out")
+    message(WARNING "jansson, CLI11, {fmt} or RapidJSON not found: the development host and the tests are left out")
 endif()
 
 set(KELMORA_HAVE_TEST_DEPENDENCIES OFF)

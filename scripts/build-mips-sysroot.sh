@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 root=$PWD
 sysroot=$root/build/mips-sysroot
 mkdir -p "$sysroot/include"
-for headers in CLI rapidjson; do
+for headers in CLI fmt rapidjson; do
     ln -sfn "/usr/include/$headers" "$sysroot/include/$headers"
 done
 [ ! -f "$sysroot/complete" ] || exit 0

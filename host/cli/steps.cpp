@@ -145,8 +145,8 @@ std::string steps_as_table(const Trace &trace, const Style &style)
     for (const Step &step : trace.steps)
         rows.push_back(row_of(step));
     Row widest;
-    const auto widen = [](std::string &widest, const std::string &text) {
-        widest.resize(std::max(widest.size(), width_of(text)));
+    const auto widen = [](std::string &column, const std::string &text) {
+        column.resize(std::max(column.size(), width_of(text)));
     };
     for (const Row &row : rows) {
         widen(widest.place, row.place);
