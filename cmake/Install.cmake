@@ -7,7 +7,11 @@ set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/kelmora_json)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelmora_json)
 
 install(TARGETS kelmora_json LIBRARY DESTINATION ${KELMORA_PLUGIN_DIR})
-install(DIRECTORY include/ DESTINATION ${header_dir} FILES_MATCHING PATTERN *.h)
+install(DIRECTORY include/ DESTINATION ${header_dir} FILES_MATCHING PATTERN *.h PATTERN kelmora_config.h EXCLUDE)
+
+# The header that has this build's values.
+configure_file(cmake/kelmora_config.h.in kelmora_config.h @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/kelmora_config.h DESTINATION ${header_dir})
 
 configure_package_config_file(
     cmake/kelmora_json-config.cmake.in kelmora_json-config.cmake
