@@ -428,5 +428,8 @@ int main(int argc, char **argv)
             status = 1;
         }
     }
-    return status; /* the plug-in stays loaded: its functions are registered */
+    /* Only a host that is about to end unloads it: what was registered points into it. */
+    if (dlclose(plugin) != 0)
+        status = 1;
+    return status;
 }
