@@ -43,6 +43,8 @@ $libdir/pkgconfig/kelmora_json.pc
 $libdir/cmake/kelmora_json/kelmora_json-config.cmake
 $libdir/cmake/kelmora_json/kelmora_json-config-version.cmake
 EOT
+    [ ! -f "$build/kelmora-host" ] || echo "$prefix/bin/kelmora-host"
+    [ ! -f "$root/docs/kelmora-host.1" ] || echo "$prefix/share/man/man1/kelmora-host.1"
 } | sort >"$stage/expected"
 (cd "$stage/root" && find . ! -type d) | sed 's/^\.//' | sort >"$stage/installed"
 diff -u "$stage/expected" "$stage/installed" || fail "other files were installed than expected (-)"
@@ -72,3 +74,10 @@ if ! {
     fail "the CMake package cannot be used"
 fi
 "$stage/consumer/host" "$stage/root$plugin" "$root/examples" >"$stage/host.out" || fail "the host that CMake built failed"
+
+# The installed program finds the plug-in that was installed with it, wherever the tree below the prefix is.
+host=$stage/root$prefix/bin/kelmora-host
+if [ -f "$host" ] && [ "$plugindir" != "$4" ]; then
+    "$host" list >"$stage/list" || fail "the installed kelmora-host does not run"
+    grep -q " registered by libkelmora_json $version" "$stage/list" || fail "the installed kelmora-host lists nothing"
+fi
