@@ -1,4 +1,4 @@
-# What `cmake --install` puts where: the plug-in, the public headers, and what tells pkg-config and CMake about them.
+# What `cmake --install` puts where: the plug-in, the public headers, the page of the development host, and what tells pkg-config and CMake about them.
 
 include(CMakePackageConfigHelpers)
 
@@ -7,7 +7,16 @@ set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/kelmora_json)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/kelmora_json)
 
 install(TARGETS kelmora_json LIBRARY DESTINATION ${KELMORA_PLUGIN_DIR})
-install(DIRECTORY include/ DESTINATION ${header_dir} FILES_MATCHING PATTERN *.h)
+install(DIRECTORY include/ DESTINATION ${header_dir} FILES_MATCHING PATTERN *.h PATTERN kelmora_config.h EXCLUDE)
+
+# The header that has this build's values.
+configure_file(cmake/kelmora_config.h.in kelmora_config.h @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/kelmora_config.h DESTINATION ${header_dir})
+
+# The development host's page; the program itself is installed where it was built.
+if(EXISTS ${PROJECT_SOURCE_DIR}/docs/kelmora-host.1)
+    install(FILES docs/kelmora-host.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+endif()
 
 configure_package_config_file(
     cmake/kelmora_json-config.cmake.in kelmora_json-config.cmake

@@ -28,7 +28,7 @@ endif()
 add_library(kelmora_options INTERFACE)
 target_compile_options(
     kelmora_options INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wundef -Wvla
-                              -Wcast-qual -Wcast-align -Wformat=2 -Werror)
+                              -Wcast-qual -Wcast-align -Wformat=2)
 target_compile_options(
     kelmora_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual>)
 target_compile_definitions(

@@ -33,17 +33,19 @@ struct json_t;
 
 /* ---- Entry points ---------------------------------------------------------------------------------------------- */
 
-/* Registers the pairs of translators 0 to 97 with the host, in ascending order. A pair that the host refuses does not
- * stop the rest. Returns what the host answered to the last one. May be called again. */
+/* Registers the pairs of translators of all resources with the host, in ascending order of their numbers. A pair that
+ * the host refuses does not stop the rest. Returns what the host answered to the last one. May be called again. */
 KELMORA_JSON_API int kelmora_json_init(void);
 
-/* The library's version, "1.3.0": the same constant at every call, not to be freed. */
+/* The library's version, KELMORA_JSON_VERSION of the headers that it was built with: the same constant at every call,
+ * not to be freed. */
 KELMORA_JSON_API const char *kelmora_json_get_version(void);
 
-/* ---- Output: buffer and texts ---------------------------------------------------------------------------------- */
+/* ---- Output: buffer and strings -------------------------------------------------------------------------------- */
 
 /*
- * Makes room for `text` in the host's output buffer.
+ * Makes room for `text` in the host's output buffer; copies nothing.
+ * text: NUL-terminated; stays the caller's.
  * out: the buffer, from malloc and of at least 4096 bytes; reallocated to the text's length plus one when the length
  *      is 4096 or more, else left alone.
  * Returns the text's length when the buffer was left alone (0 for the empty text); the new buffer's address when it was
@@ -52,19 +54,19 @@ KELMORA_JSON_API const char *kelmora_json_get_version(void);
 KELMORA_JSON_API uintptr_t libkelmora_json_check_data_size(const char *text, char **out);
 
 /*
- * A new JSON string of a fixed-width text field.
+ * A new JSON string of a fixed-width field.
  * text:  NUL-terminated within its width, or else read no further than it.
  * width: the field's bytes, the NUL included; at most width - 1 bytes are taken, wherever that cuts a character.
- * Returns a value that the caller owns; NULL when the text is NULL or (after the cut) not UTF-8, or memory ran out.
+ * Returns a value that the caller owns; NULL when `text` is NULL or (after the cut) not UTF-8, or memory ran out.
  */
 KELMORA_JSON_API struct json_t *libkelmora_json_string(const char *text, size_t width);
 
-/* ---- Input: texts and checks ----------------------------------------------------------------------------------- */
+/* ---- Input: strings and checks --------------------------------------------------------------------------------- */
 
 /*
- * Copies a text into a fixed-width field, which ends in NUL whatever the text: at most width - 1 bytes are stored and
- * the rest is filled with NULs. source: NULL counts as the empty text. width: the field's bytes; 0 stores nothing.
- * Returns 1 when the whole text fitted, 0 when it was cut.
+ * Copies a string into a fixed-width field, which ends in NUL whatever the string: at most width - 1 bytes are stored
+ * and the rest is filled with NULs. source: NULL counts as the empty string. width: the field's bytes; 0 stores
+ * nothing. Returns 1 when the whole string fitted, 0 when it was cut.
  */
 KELMORA_JSON_API int kelmora_strncpy(char *field, const char *source, size_t width);
 
@@ -80,7 +82,8 @@ enum kelmora_json_type {
  * Checks of one value of a parsed document.
  * root:  the document. Released (one reference) when the check fails, before the error is appended; NULL is allowed.
  * value: the value to check, or NULL when the document has none; borrowed.
- * name:  the error's field name.
+ * name:  the error's field name. It is handed on after the document was released, so it must outlive the document: no
+ *        name that points into it, such as a key or a string value of it, unless the caller holds another reference.
  * Returns 1 when the value passes, and then touches nothing; else 0, after releasing the document and appending
  * (name, message, "json") to `errors`.
  */
@@ -114,8 +117,8 @@ KELMORA_JSON_API int kelmora_json_validate(struct json_t *root, const struct jso
 
 /*
  * A member of a JSON object, borrowed.
- * object: searched; released (one reference) when it has no such member, after the error was appended. So a caller
- *         passes the parsed document itself and returns at once on NULL.
+ * object: searched; released (one reference) when it has no such member, after the error was appended, so that key and
+ *         prefix may point into it. So a caller passes the parsed document itself and returns at once on NULL.
  * prefix: what stands before a dot and the key in the error's field name; NULL or empty for the key alone. A
  *         dotted name of more than 55 bytes is cut.
  * Returns NULL after appending (name, "field not found", "json") to `errors`; unlike for other errors a dotted name is

@@ -113,7 +113,9 @@
     ROW(97, tr369_local_agent_controller, remote_mgmt, both)
 /* clang-format on */
 
-/* How many resources there are; their numbers are 0 to one less. */
-#define KELMORA_RESOURCE_COUNT 98
+/* How many resources there are, as a constant of type int that #if takes too; their numbers are 0 to one less. Inside
+ * a row, where the list cannot be used a second time, it cannot be used either. */
+#define KELMORA_RESOURCE_COUNT (0 KELMORA_RESOURCES(KELMORA_COUNT_ROW))
+#define KELMORA_COUNT_ROW(number, name, group, directions) +1
 
 #endif

@@ -4,6 +4,7 @@
 #include "host/plugin/registry.h"
 
 #include <dlfcn.h>
+#include <system_error>
 
 namespace kelmora_host {
 
@@ -38,8 +39,11 @@ Plugin::Plugin(const std::filesystem::path &path)
 
 std::filesystem::path Plugin::default_path()
 {
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe");
-    return program.parent_path() / ("libkelmora_json.so." + std::string(default_version));
+    const std::filesystem::path folder = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+    const std::string file = "libkelmora_json.so." + std::string(default_version);
+    const std::filesystem::path installed = folder / KELMORA_INSTALLED_PLUGIN_DIR / file;
+    std::error_code unknown;
+    return !exists(folder / file, unknown) && exists(installed, unknown) ? installed : folder / file;
 }
 
 } // namespace kelmora_host

@@ -28,7 +28,7 @@ public:
     /// The version of the plug-in that this program is made with.
     static constexpr std::string_view default_version = KELMORA_JSON_VERSION;
 
-    /// Where that plug-in is: beside the running program.
+    /// Where that plug-in is: beside the running program, or else where it is installed together with the program.
     static std::filesystem::path default_path();
 
 private:

@@ -20,9 +20,9 @@ struct kelmora_user {
     uint8_t is_privileged; /* the account is privileged */
 };
 
-/* One front-end resource that the limited user may reach. */
+/* One front-end resource that the limited user may reach. The host makes and frees the chain and its strings. */
 struct kelmora_limited_user_permissions_entry {
-    const char *resource_name;                           /* NUL-terminated text of any length, the host's */
+    const char *resource_name;                           /* NUL-terminated string of any length, the host's */
     uint32_t resource_id;                                /* the front end's number of it */
     struct kelmora_limited_user_permissions_entry *next; /* NULL at the end */
 };
@@ -37,8 +37,8 @@ struct kelmora_remote_web_access {
     uint8_t enabled;         /* management from the WAN allowed */
     uint32_t port;           /* port of the management web server on the WAN side */
     uint8_t enable_ip_range; /* only a range of source addresses is allowed */
-    char rangeStart[17];     /* first allowed IPv4 address, dotted text */
-    char rangeEnd[17];       /* last allowed IPv4 address, dotted text */
+    char rangeStart[17];     /* first allowed IPv4 address, dotted decimal */
+    char rangeEnd[17];       /* last allowed IPv4 address, dotted decimal */
     uint8_t ipv6Enabled;     /* remote access over IPv6 allowed */
     uint8_t pingWan;         /* the device answers ping on the WAN side */
 };
@@ -55,7 +55,7 @@ struct kelmora_telnet {
 struct kelmora_device {
     char model[64];        /* model name; read-only */
     uint32_t uptime;       /* time since start, in the host's unit; read-only */
-    char fw_version[64];   /* firmware version text; read-only */
+    char fw_version[64];   /* firmware version; read-only */
     char alias[64];        /* user-given device name */
     uint8_t show_wizard;   /* the set-up wizard is to be shown */
     uint8_t login_enable;  /* login to the management front end is required */
@@ -79,25 +79,25 @@ struct kelmora_system {
     char upnp_wan_if[20];         /* WAN interface that UPnP serves */
     uint32_t operationMode;       /* operation mode code */
     uint8_t dmz_enabled;          /* DMZ on */
-    char dmz_ip4[17];             /* DMZ host's IPv4 address, dotted text */
+    char dmz_ip4[17];             /* DMZ host's IPv4 address, dotted decimal */
     uint8_t ipv6_enabled;         /* IPv6 on */
     uint8_t limited_user_enabled; /* the limited user account is enabled */
 };
 
-/* An information text to read, and a password to write. */
+/* Information to read, and a password to write. */
 struct kelmora_mp_info {
-    char info[127];    /* information text; read-only */
+    char info[127];    /* information to show; read-only */
     char password[48]; /* password, in clear; write-only */
 };
 
-/* A Wi-Fi limit of one radio: a single block from malloc. */
+/* A Wi-Fi limit of one radio. Made by the from-translator, each a block from malloc, and freed by the host. */
 struct kelmora_limits_wifi_limit {
     char radio_id[7];                       /* radio that it holds for */
     int32_t value;                          /* the limit */
     struct kelmora_limits_wifi_limit *next; /* NULL at the end */
 };
 
-/* How much the device's tables hold. */
+/* How much the device's tables hold. Each entry of a document goes in front of the chain that is there. */
 struct kelmora_limits {
     int32_t port_redirect;                         /* maximum number of port-redirect rules */
     int32_t qos_rules;                             /* maximum number of QoS rules */
@@ -134,7 +134,7 @@ struct kelmora_backup_restore {
 /* A switch to another firmware version. */
 struct kelmora_change_to_firmware_version {
     uint8_t change;   /* switch requested or possible */
-    char version[32]; /* the other firmware's version text; read-only */
+    char version[32]; /* the other firmware's version; read-only */
 };
 
 /* Whether a customised default configuration is in use. */
@@ -159,10 +159,10 @@ struct kelmora_automatic_maintenance {
 
 /* ---- Clock and log */
 
-/* A time zone that the device offers. */
+/* A time zone that the device offers. The host makes and frees the chain and its strings. */
 struct kelmora_datetime_timezone {
     uint32_t id;                            /* number of the zone */
-    const char *region;                     /* NUL-terminated text of any length, the host's */
+    const char *region;                     /* NUL-terminated string of any length, the host's */
     struct kelmora_datetime_timezone *next; /* NULL at the end */
 };
 

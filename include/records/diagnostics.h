@@ -23,7 +23,7 @@ struct kelmora_ping {
     char interfaceID[20];        /* interface to send from */
 };
 
-/* A hop of a traceroute, found by three probes. */
+/* A hop of a traceroute, found by three probes; times are in the host's unit. The host makes and frees the chain. */
 struct kelmora_traceroute_hop {
     int32_t hop;                         /* its number */
     char domain[256];                    /* name of the router that answered */
@@ -50,7 +50,12 @@ struct kelmora_traceroute {
     struct kelmora_traceroute_hop *hop_list; /* result: chain of hops, NULL when empty */
 };
 
-/* An HTTP request that the gateway sends for a client. */
+/*
+ * An HTTP request that the gateway sends for a client.
+ *
+ * body is the host's to free. A document that has one, outside a mesh session, stores its rendering: a new block from
+ * malloc of just its length and the NUL. The string that was there before is then let go of, not freed.
+ */
 struct kelmora_http_request {
     char dest[257];       /* where to */
     uint8_t mesh_session; /* inside a mesh session */
@@ -58,7 +63,7 @@ struct kelmora_http_request {
     char token[129];      /* access token, in clear */
     int32_t timeout;      /* longest time for the answer, in the host's unit */
     int32_t status;       /* status of the answer; read-only */
-    char *body;           /* body of the request, then of the answer: a text from malloc, or NULL */
+    char *body;           /* body of the request, then of the answer: NUL-terminated, of any length, or NULL */
 };
 
 #endif

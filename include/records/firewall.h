@@ -12,7 +12,7 @@ struct kelmora_natportredirect {
     uint32_t protocol;            /* protocol code */
     uint32_t external_port_start; /* first external port */
     uint32_t external_port_end;   /* last external port */
-    char internalIP[17];          /* IPv4 address in the LAN, dotted text */
+    char internalIP[17];          /* IPv4 address in the LAN, dotted decimal */
     uint32_t internal_port_start; /* first internal port */
     uint32_t internal_port_end;   /* last internal port */
 };
@@ -25,11 +25,11 @@ struct kelmora_firewall_port_forwarding_enable {
 /* A port-forwarding rule. */
 struct kelmora_firewall_port_forwarding_table {
     char comment[60];          /* free text */
-    char local_ip[17];         /* IPv4 address in the LAN, dotted text */
+    char local_ip[17];         /* IPv4 address in the LAN, dotted decimal */
     uint16_t local_port_from;  /* first port in the LAN */
     uint16_t local_port_to;    /* last port in the LAN */
     uint32_t protocol;         /* protocol code */
-    char remote_ip[17];        /* IPv4 address outside, dotted text */
+    char remote_ip[17];        /* IPv4 address outside, dotted decimal */
     uint16_t remote_port_from; /* first port outside */
     uint16_t remote_port_to;   /* last port outside */
     char interface[20];        /* interface that the rule applies to */
@@ -49,27 +49,28 @@ struct kelmora_filter {
     uint32_t policy;      /* policy code */
 };
 
-/* A rule of the MAC filter: a single block from malloc. */
+/* A rule of the MAC filter. Made by the from-translator, each a block from malloc, and freed by the host. */
 struct kelmora_firewall_mac_filtering_entry {
     uint32_t direction;                                /* direction code */
-    char source_mac[18];                               /* MAC address text */
-    char destination_mac[18];                          /* MAC address text */
+    char source_mac[18];                               /* MAC address */
+    char destination_mac[18];                          /* MAC address */
     uint32_t rule_action;                              /* action code */
     struct kelmora_firewall_mac_filtering_entry *next; /* NULL at the end */
 };
 
-/* The MAC filter. */
+/* The MAC filter. New rules go behind the first one that is there; those behind it are let go of, not freed. */
 struct kelmora_firewall_mac_filtering {
     uint32_t incoming_default_act;                      /* action code for incoming traffic that no rule matches */
     uint32_t outgoing_default_act;                      /* the same for outgoing traffic */
     struct kelmora_firewall_mac_filtering_entry *entry; /* chain of rules, NULL when empty */
 };
 
-/* A rule of the IPv4 address and port filter: a single block from malloc. */
+/* A rule of the IPv4 address and port filter. Made by the from-translator, each a block from malloc, and freed by the
+ * host. */
 struct kelmora_firewall_ip_port_filtering_rule {
     uint8_t rule_action;                                  /* a switch here, not a code */
-    char source_ip_address[17];                           /* IPv4 address, dotted text */
-    char dest_ip_address[17];                             /* IPv4 address, dotted text */
+    char source_ip_address[17];                           /* IPv4 address, dotted decimal */
+    char dest_ip_address[17];                             /* IPv4 address, dotted decimal */
     uint8_t source_subnet_mask;                           /* mask length in bits */
     uint8_t dest_subnet_mask;                             /* mask length in bits */
     uint16_t source_port_from;                            /* first source port */
@@ -78,11 +79,12 @@ struct kelmora_firewall_ip_port_filtering_rule {
     uint16_t dest_port_to;                                /* last destination port */
     uint32_t direction;                                   /* direction code */
     uint32_t protocol;                                    /* protocol code */
-    char interface_index[20];                             /* name or index of the interface, as text */
+    char interface_index[20];                             /* name or index of the interface, as a string */
     struct kelmora_firewall_ip_port_filtering_rule *next; /* NULL at the end */
 };
 
-/* The IPv4 address and port filter. */
+/* The IPv4 address and port filter. New rules go behind the first one that is there; those behind it are let go of, not
+ * freed. */
 struct kelmora_firewall_ip_port_filtering {
     uint32_t outgoing_default_action; /* action code for outgoing traffic that no rule matches */
     uint32_t incoming_default_action; /* the same for incoming traffic */
@@ -115,43 +117,44 @@ struct kelmora_ipv6_ip_port_filter_default_rule {
 
 /* ---- Content blocking and parental control */
 
-/* A blocked domain: a single block from malloc. */
+/* A blocked domain. Made by the from-translator, each a block from malloc, and freed by the host. */
 struct kelmora_firewall_domain_blocking_domain {
     char domain[120];                                     /* domain name */
     struct kelmora_firewall_domain_blocking_domain *next; /* NULL at the end */
 };
 
-/* The blocked domains. */
+/* The blocked domains. New ones go behind the first one that is there; those behind it are let go of, not freed. */
 struct kelmora_firewall_domain_blocking {
     uint8_t enable;                                          /* blocking on */
     struct kelmora_firewall_domain_blocking_domain *domains; /* chain, NULL when empty */
 };
 
-/* A blocked URL: a single block from malloc. */
+/* A blocked URL. Made by the from-translator, each a block from malloc, and freed by the host. */
 struct kelmora_firewall_url_blocking_url {
     char url[128];                                  /* URL */
     struct kelmora_firewall_url_blocking_url *next; /* NULL at the end */
 };
 
-/* A blocked word: a single block from malloc. */
+/* A blocked word. Made by the from-translator, each a block from malloc, and freed by the host. */
 struct kelmora_firewall_url_blocking_keyword {
     char keyword[20];                                   /* word that a URL must not have */
     struct kelmora_firewall_url_blocking_keyword *next; /* NULL at the end */
 };
 
-/* The blocked URLs and the words that block one. */
+/* The blocked URLs and the words that block one. In each chain, new ones go behind the first one that is there; those
+ * behind it are let go of, not freed. */
 struct kelmora_firewall_url_blocking {
     uint8_t enable;                                         /* blocking on */
     struct kelmora_firewall_url_blocking_url *urls;         /* chain, NULL when empty */
     struct kelmora_firewall_url_blocking_keyword *keywords; /* chain, NULL when empty */
 };
 
-/* A time rule for one user. The host allocates the chain (kelmora_parental_control_allocate_list). */
+/* A time rule for one user. The host makes the chain (kelmora_parental_control_allocate_list), and frees it. */
 struct kelmora_parental_control_rule {
     char username[32];                          /* user that the rule applies to */
     uint32_t address_type;                      /* how the user's device is identified, code */
-    char ip_address_from[17];                   /* first IPv4 address of the device, dotted text */
-    char ip_address_to[17];                     /* last IPv4 address, dotted text */
+    char ip_address_from[17];                   /* first IPv4 address of the device, dotted decimal */
+    char ip_address_to[17];                     /* last IPv4 address, dotted decimal */
     char mac_address[18];                       /* MAC address of the device */
     uint32_t days;                              /* days that the rule applies on, the host's code or bit set */
     uint8_t hours_begin;                        /* begin: hour */
@@ -190,8 +193,8 @@ struct kelmora_acl_config_service {
 /* An IPv4 access rule. */
 struct kelmora_acl_config {
     char interfaceID[20];                             /* interface that the rule applies to */
-    char ip_start_addr[17];                           /* first IPv4 address, dotted text */
-    char ip_end_addr[17];                             /* last IPv4 address, dotted text */
+    char ip_start_addr[17];                           /* first IPv4 address, dotted decimal */
+    char ip_end_addr[17];                             /* last IPv4 address, dotted decimal */
     uint8_t enable;                                   /* rule active */
     uint8_t service_any;                              /* all services reachable */
     uint8_t service_tftp;                             /* TFTP reachable */

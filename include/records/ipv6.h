@@ -50,13 +50,13 @@ struct kelmora_ipv6_dhcp {
     uint32_t mode;   /* kind of service, code */
 };
 
-/* A search domain. The host makes the chain (kelmora_ipv6_dhcp_domains_add). */
+/* A search domain. The host makes the chain (kelmora_ipv6_dhcp_domains_add), and frees it. */
 struct kelmora_ipv6_dhcp_server_domain {
     char domain[255];                             /* domain name */
     struct kelmora_ipv6_dhcp_server_domain *next; /* NULL at the end */
 };
 
-/* A DNS server. The host makes the chain (kelmora_ipv6_dhcp_dns_servers_add). */
+/* A DNS server. The host makes the chain (kelmora_ipv6_dhcp_dns_servers_add), and frees it. */
 struct kelmora_ipv6_dhcp_server_dns_server {
     char address[46];                                 /* IPv6 address */
     struct kelmora_ipv6_dhcp_server_dns_server *next; /* NULL at the end */
@@ -100,11 +100,11 @@ struct kelmora_ipv6_static_route {
     char interface[20];   /* outgoing interface */
 };
 
-/* A route of the routing table. */
+/* A route of the routing table. The host makes and frees the chain. */
 struct kelmora_ipv6_static_route_list_entry {
     char destination[46];                              /* destination prefix */
     char next_hop[46];                                 /* gateway */
-    char flags[10];                                    /* flags, as text */
+    char flags[10];                                    /* flags, as a string */
     uint32_t metric;                                   /* metric */
     uint16_t ref;                                      /* references to the route */
     uint16_t use;                                      /* how often it was used */

@@ -6,7 +6,7 @@
 
 /* Identity and credentials of the optical network unit. */
 struct kelmora_pon_settings {
-    char mode[5];                   /* PON mode, as text */
+    char mode[5];                   /* PON mode, as a string */
     char oam_model_id[5];           /* OAM: model identifier */
     char oam_vendor_id[17];         /* OAM: vendor identifier */
     char onu_id_mac[13];            /* OAM: MAC address that identifies the unit, twelve characters at most */
@@ -78,7 +78,7 @@ struct kelmora_pon_status {
     char vendor_name[64]; /* vendor of the module */
     float tx_power;       /* power sent */
     float voltage;        /* supply voltage */
-    char current_mode[5]; /* PON mode, as text */
+    char current_mode[5]; /* PON mode, as a string */
 };
 
 /* State of a logical link of EPON. */

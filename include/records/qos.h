@@ -40,10 +40,11 @@ struct kelmora_qos_policy {
     uint32_t totalbandwidth;                         /* the limit, in the host's unit */
 };
 
-/* A DSCP value on offer; read-only. A node's data is the first one of a chain itself, or NULL when there is none. */
+/* A DSCP value on offer; read-only. A node's data is the first one of a chain itself, or NULL when there is none. The
+ * host makes and frees the chain and its strings. */
 struct kelmora_qos_available_dscp {
     uint32_t id;                             /* number of the entry */
-    char *dscp;                              /* name or value, of any length */
+    char *dscp;                              /* name or value: NUL-terminated, of any length, or NULL */
     struct kelmora_qos_available_dscp *next; /* NULL at the end */
 };
 
@@ -63,12 +64,12 @@ struct kelmora_qos_classification {
     uint32_t ip_version;           /* IP: version code */
     uint32_t protocol;             /* IP: protocol code */
     uint8_t ip_dscp_pattern;       /* IP: DSCP to match */
-    char src_ip4[17];              /* source: IPv4 address, dotted text */
-    char src_ip4_mask[17];         /* source: IPv4 mask, dotted text */
+    char src_ip4[17];              /* source: IPv4 address, dotted decimal */
+    char src_ip4_mask[17];         /* source: IPv4 mask, dotted decimal */
     char src_ip6[46];              /* source: IPv6 address */
     uint8_t src_ip6_prefix_length; /* source: bits of the IPv6 prefix */
-    char dst_ip4[17];              /* destination: IPv4 address, dotted text */
-    char dst_ip4_mask[17];         /* destination: IPv4 mask, dotted text */
+    char dst_ip4[17];              /* destination: IPv4 address, dotted decimal */
+    char dst_ip4_mask[17];         /* destination: IPv4 mask, dotted decimal */
     char dst_ip6[46];              /* destination: IPv6 address */
     uint8_t dst_ip6_prefix_length; /* destination: bits of the IPv6 prefix */
     uint16_t src_port_start;       /* first source port */
@@ -85,9 +86,9 @@ struct kelmora_qos_traffic_control {
     uint32_t direction;            /* direction code */
     char interfaceID[20];          /* name of the interface */
     uint32_t protocol_type;        /* protocol code */
-    char ip4_src_ip[17];           /* IPv4: source address, dotted text */
+    char ip4_src_ip[17];           /* IPv4: source address, dotted decimal */
     uint8_t ip4_src_prefix_length; /* IPv4: bits of the source prefix */
-    char ip4_dst_ip[17];           /* IPv4: destination address, dotted text */
+    char ip4_dst_ip[17];           /* IPv4: destination address, dotted decimal */
     uint8_t ip4_dst_prefix_length; /* IPv4: bits of the destination prefix */
     char ip6_src_ip[46];           /* IPv6: source address */
     uint8_t ip6_src_prefix_length; /* IPv6: bits of the source prefix */

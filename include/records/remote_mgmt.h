@@ -2,13 +2,9 @@
 #ifndef KELMORA_RECORDS_REMOTE_MGMT_H
 #define KELMORA_RECORDS_REMOTE_MGMT_H
 
-#include <stdint.h>
+#include "../kelmora_config.h"
 
-/* Bytes of the host's own inside the record of tr069_config, in front of the certificate; at least 1. Plug-in and host
- * must be built with the same number. */
-#ifndef KELMORA_TR069_HOST_BLOCK_SIZE
-#define KELMORA_TR069_HOST_BLOCK_SIZE 4
-#endif
+#include <stdint.h>
 
 /* ---- TR-069 */
 
@@ -35,13 +31,13 @@ struct kelmora_tr069_config {
 /* What came of the last inform; read-only. */
 struct kelmora_tr069_inform {
     uint32_t status; /* result code */
-    char *cause;     /* explanation, of any length, or NULL */
+    char *cause;     /* explanation: NUL-terminated, of any length, the host's, or NULL */
 };
 
 /* ---- TR-369 */
 
 /* A topic that an MQTT client subscribes to. The host makes the chain
- * (kelmora_tr369_mqttt_client_subscription_add_element). */
+ * (kelmora_tr369_mqttt_client_subscription_add_element), and frees it. */
 struct kelmora_tr369_mqtt_client_subscription {
     uint8_t enabled;                                     /* subscription active */
     char topic[256];                                     /* topic */
@@ -91,7 +87,7 @@ struct kelmora_tr369_local_agent_controller_mqtt {
 };
 
 /* A message transfer protocol of a controller. The host makes the chain
- * (kelmora_tr369_local_agent_controller_mtp_add). */
+ * (kelmora_tr369_local_agent_controller_mtp_add), and frees it. */
 struct kelmora_tr369_local_agent_controller_mtp {
     uint8_t enabled;   /* MTP active */
     uint32_t protocol; /* kelmora_tr369_mtp_protocol: which variant holds */

@@ -8,9 +8,9 @@
 
 /* An IPv4 route. */
 struct kelmora_route {
-    char destination[17]; /* destination network, dotted text */
-    char net_mask[17];    /* its mask, dotted text */
-    char next_hop[17];    /* gateway, dotted text */
+    char destination[17]; /* destination network, dotted decimal */
+    char net_mask[17];    /* its mask, dotted decimal */
+    char next_hop[17];    /* gateway, dotted decimal */
     uint16_t metric;      /* metric */
     char interfaceID[20]; /* outgoing interface */
 };

@@ -4,19 +4,21 @@
 
 #include <stdint.h>
 
-/* An IPv6 address of an interface or of a connected device: a single block from malloc. */
+/* An IPv6 address of an interface or of a connected device. Those of an interface are made by its from-translator too,
+ * each a block from malloc, and freed by the host; those of a connected device are the host's alone. */
 struct kelmora_ip6_address {
-    char address[46];                 /* IPv6 address text */
+    char address[46];                 /* IPv6 address */
     struct kelmora_ip6_address *next; /* NULL at the end */
 };
 
 /* ---- Interfaces and WAN connections */
 
-/* A network interface. */
+/* A network interface. New addresses go behind the first one that is there; those behind it are let go of, not freed.
+ */
 struct kelmora_interface {
-    char mac[18];                         /* MAC address text */
-    char ip4[17];                         /* IPv4 address, dotted text */
-    char netmask[17];                     /* IPv4 netmask, dotted text */
+    char mac[18];                         /* MAC address */
+    char ip4[17];                         /* IPv4 address, dotted decimal */
+    char netmask[17];                     /* IPv4 netmask, dotted decimal */
     struct kelmora_ip6_address *ip6_list; /* chain of IPv6 addresses, NULL when empty */
     int32_t ip6_count;                    /* number of IPv6 addresses, as the host counted them */
     uint32_t mtu;                         /* MTU in bytes */
@@ -28,7 +30,7 @@ struct kelmora_wan {
     char interfaceID[20];      /* name of the WAN interface */
     uint32_t mode;             /* IPv4 addressing mode code */
     uint32_t address_mode_v6;  /* IPv6 addressing mode code */
-    char gateway[17];          /* IPv4 default gateway, dotted text */
+    char gateway[17];          /* IPv4 default gateway, dotted decimal */
     char gateway_v6[46];       /* IPv6 default gateway */
     uint8_t dns_v4_automatic;  /* IPv4 DNS servers are learnt automatically */
     char dns_v4_dns1[46];      /* first IPv4 DNS server */
@@ -89,13 +91,13 @@ struct kelmora_wan_service_type {
 /* A LAN interface. */
 struct kelmora_lan {
     char interfaceID[128]; /* name of the interface */
-    char gateway[17];      /* its IPv4 address, the gateway of the LAN's hosts, dotted text */
+    char gateway[17];      /* its IPv4 address, the gateway of the LAN's hosts, dotted decimal */
 };
 
-/* A current lease of the DHCPv4 server. */
+/* A current lease of the DHCPv4 server. The host makes and frees the chain. */
 struct kelmora_dhcp_server_lease {
     char mac[18];                           /* MAC address of the client */
-    char ip[17];                            /* IPv4 address leased to it, dotted text */
+    char ip[17];                            /* IPv4 address leased to it, dotted decimal */
     struct kelmora_dhcp_server_lease *next; /* NULL at the end */
 };
 
@@ -103,11 +105,11 @@ struct kelmora_dhcp_server_lease {
 struct kelmora_dhcp_server {
     uint8_t enabled;                          /* the server runs */
     char interface[128];                      /* interface that it serves */
-    char rangeStart[17];                      /* first address of the pool, dotted text */
-    char rangeEnd[17];                        /* last address of the pool, dotted text */
+    char rangeStart[17];                      /* first address of the pool, dotted decimal */
+    char rangeEnd[17];                        /* last address of the pool, dotted decimal */
     uint32_t dns_mode;                        /* how DNS servers are handed out, code */
-    char dns1[17];                            /* first DNS server handed out, dotted text */
-    char dns2[17];                            /* second DNS server handed out, dotted text */
+    char dns1[17];                            /* first DNS server handed out, dotted decimal */
+    char dns2[17];                            /* second DNS server handed out, dotted decimal */
     struct kelmora_dhcp_server_lease *leases; /* chain of current leases, NULL when empty; read-only */
     int32_t dhcpLeaseTime;                    /* lease time, in the host's unit */
 };
@@ -116,12 +118,12 @@ struct kelmora_dhcp_server {
 struct kelmora_dhcp_static_lease {
     char description[33]; /* free text */
     char mac[18];         /* MAC address of the client */
-    char ip[17];          /* IPv4 address reserved for it, dotted text */
+    char ip[17];          /* IPv4 address reserved for it, dotted decimal */
 };
 
 /* A DHCPv4 client seen on the LAN; read-only. */
 struct kelmora_dhcp_client {
-    char ip[17];         /* its IPv4 address, dotted text */
+    char ip[17];         /* its IPv4 address, dotted decimal */
     char hostname[80];   /* its host name */
     char mac[18];        /* its MAC address */
     uint32_t aging_time; /* remaining lease time, in the host's unit */
@@ -132,7 +134,7 @@ struct kelmora_dhcp_client {
 /* A device connected to the gateway; read-only. */
 struct kelmora_connected_device {
     char hostname[255];                   /* host name */
-    char ip[17];                          /* IPv4 address, dotted text */
+    char ip[17];                          /* IPv4 address, dotted decimal */
     char mac[18];                         /* MAC address */
     char network[128];                    /* interface or wireless network that it is attached to */
     uint32_t opMode;                      /* attachment mode code */
@@ -161,15 +163,15 @@ struct kelmora_interface_statistics {
 
 /* Status of the LAN ports; read-only. */
 struct kelmora_lan_port_status {
-    char status[256]; /* status text */
+    char status[256]; /* status in words */
 };
 
-/* An entry of the bridge's table of learnt MAC addresses. */
+/* An entry of the bridge's table of learnt MAC addresses. The host makes and frees the chain. */
 struct kelmora_bridging_mac {
     uint16_t port;                     /* port number */
     char mac_addr[18];                 /* MAC address */
     uint8_t is_local;                  /* the address is the bridge's own */
-    char ageing_time[10];              /* age of the entry, as text */
+    char ageing_time[10];              /* age of the entry, as a string */
     struct kelmora_bridging_mac *next; /* NULL at the end */
 };
 

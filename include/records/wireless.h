@@ -46,15 +46,16 @@ struct kelmora_site_survey {
     int32_t channel;      /* channel */
     uint32_t extension;   /* extension-channel code */
     uint32_t bandwidth;   /* channel-width code */
-    char mac[18];         /* BSSID as text */
+    char mac[18];         /* BSSID */
     uint32_t cipher;      /* cipher code */
     uint32_t crypto;      /* security code */
     uint32_t op_mode;     /* operating mode code */
 };
 
-/* An address on the access list. The host allocates the chain (kelmora_wlan_access_control_allocate_list). */
+/* An address on the access list. The host makes the chain (kelmora_wlan_access_control_allocate_list), and
+ * frees it. */
 struct kelmora_wlan_access_control_mac {
-    char mac[18];                                 /* MAC address text */
+    char mac[18];                                 /* MAC address */
     struct kelmora_wlan_access_control_mac *next; /* NULL at the end */
 };
 
@@ -64,12 +65,13 @@ struct kelmora_wlan_access_control {
     struct kelmora_wlan_access_control_mac *mac_list; /* chain of addresses, NULL when empty */
 };
 
-/* A neighbour in the mesh: a single block from malloc. */
+/* A neighbour in the mesh. Those of the first level are made by the from-translator too, each a block from malloc; the
+ * host frees all, and makes those of the levels below. */
 struct kelmora_easymesh_neighbor {
     char name[64];                               /* name of the node */
     char model[64];                              /* its model */
     uint8_t is_online;                           /* it can be reached */
-    char ip[17];                                 /* its IPv4 address, dotted text */
+    char ip[17];                                 /* its IPv4 address, dotted decimal */
     char mac[18];                                /* its MAC address */
     int32_t rssi;                                /* signal level, may be negative */
     uint32_t backhaul;                           /* kind of backhaul link, code */
@@ -77,10 +79,11 @@ struct kelmora_easymesh_neighbor {
     struct kelmora_easymesh_neighbor *next;      /* next node of the same level, NULL at the end */
 };
 
-/* The mesh, as this node sees it. */
+/* The mesh, as this node sees it. A document's list of neighbours takes the place of the whole chain, which is let go
+ * of, not freed. */
 struct kelmora_easymesh {
     uint8_t enabled;                             /* mesh on */
-    char controllerIp[17];                       /* IPv4 address of the controller, dotted text */
+    char controllerIp[17];                       /* IPv4 address of the controller, dotted decimal */
     char backhaul_mac[18];                       /* MAC address at the far end of the backhaul link; read-only */
     int32_t backhaul_rssi;                       /* its signal level, may be negative; read-only */
     uint32_t type;                               /* role of this node, code */

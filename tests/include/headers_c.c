@@ -9,6 +9,10 @@ enum { KELMORA_RESOURCES(POSITION) positions };
     typedef char name##_is_at_its_position[(number) == position_##name ? 1 : -1];
 KELMORA_RESOURCES(AT_ITS_POSITION)
 
+#if KELMORA_RESOURCE_COUNT < 1
+#error "the number of resources must be known to the preprocessor too"
+#endif
+
 typedef char every_row_is_counted[KELMORA_RESOURCE_COUNT == positions ? 1 : -1];
 
 struct pair {
