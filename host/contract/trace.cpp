@@ -160,19 +160,20 @@ struct Candidate {
 
 std::string string_for(const Value &value) { return value.string.starts_with('1') ? "2" : "1"; }
 
-json_int_t integer_for(const Value &value)
+/// Whether the lowest bit of an integer is set; of no integer none is.
+bool is_odd(const Value &value)
 {
-    const bool is_zero = value.type != ValueType::integer || value.raw.find_first_of("123456789") == std::string::npos;
-    return is_zero ? 1 : 0; // so that it differs in every width, and as a truth
+    return value.type == ValueType::integer && std::string_view("13579").find(value.raw.back()) != std::string::npos;
 }
 
 /// Something of the type that the plug-in reads, and stored otherwise than the value; NULL when it stores nothing.
+/// An integer is another in its lowest bit, and so in fields of every width.
 Json substitute_for(const Value &value, const std::set<Use> &uses)
 {
     if (uses.contains(Use::string))
         return Json(json_text(string_for(value)));
     if (uses.contains(Use::integer))
-        return Json(json_integer(integer_for(value)));
+        return Json(json_integer(is_odd(value) ? 0 : 1));
     if (uses.contains(Use::real) || uses.contains(Use::number))
         return Json(json_real(value.raw.starts_with("1") ? 2 : 1));
     if (uses.empty())
@@ -196,7 +197,13 @@ public:
         std::vector<Candidate> candidates = this->candidates();
         std::vector<Candidate> deciding;
         remove_deciding(candidates, deciding);
-        locate_by_groups(candidates);
+        locate_by_groups(candidates, &Locator::substitutes_for);
+        // An integer that is stored as a truth: what is even and not 0 is as true as 1.
+        std::erase_if(candidates, [this](const Candidate &candidate) {
+            const Step &step = original_.steps[candidate.step];
+            return !step.stored.empty() || !step.uses.contains(Use::integer);
+        });
+        locate_by_groups(candidates, &Locator::zeros_for);
         for (const Candidate &candidate : deciding)
             locate_alone(candidate);
         return std::move(original_);
@@ -215,6 +222,14 @@ private:
         for (const Candidate &candidate : changed)
             substitutes[candidate.value] = substitute_for(*candidate.value, original_.steps[candidate.step].uses);
         return substitutes;
+    }
+
+    [[nodiscard]] Substitutes zeros_for(const std::vector<Candidate> &changed) const
+    {
+        Substitutes zeros;
+        for (const Candidate &candidate : changed)
+            zeros[candidate.value].reset(json_integer(0));
+        return zeros;
     }
 
     [[nodiscard]] Run run(const std::vector<Candidate> &changed) const { return run(substitutes_for(changed)); }
@@ -283,7 +298,8 @@ private:
 
     /// In the k-th of a few calls those values are others whose numbers have the k-th bit. So a byte that is another in
     /// just the calls of a number's bits belongs to the value of this number.
-    void locate_by_groups(const std::vector<Candidate> &candidates)
+    void locate_by_groups(const std::vector<Candidate> &candidates,
+                          Substitutes (Locator::*others)(const std::vector<Candidate> &changed) const)
     {
         std::vector<std::size_t> numbers(original_.image.bytes().size());
         for (std::size_t bit = 0; bit < std::bit_width(candidates.size()); ++bit) {
@@ -292,7 +308,7 @@ private:
                 if (((i + 1) >> bit & 1U) != 0)
                     group.push_back(candidates[i]);
             }
-            const Run changed = run(group);
+            const Run changed = run((this->*others)(group));
             if (!comparable(original_, changed))
                 return;
             for (const std::size_t place : differences(original_.image, changed.image))

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <gtest/gtest.h>
+#include <ostream>
 #include <random>
 #include <set>
 #include <string>
@@ -29,6 +30,7 @@ struct ModelKey {
     bool required;
 };
 
+/// A resource whose document is one object without objects or lists in it.
 struct Model {
     const char *resource;
     std::vector<ModelKey> keys;
@@ -76,8 +78,19 @@ const std::vector<Model> models{
       {"port_end", Takes::signed32, 0, false},
       {"policy", Takes::integer32, 0, false}},
      {"id"}},
-    {"automatic_maintenance",
-     {{"enabled", Takes::boolean, 0, true}, {"hour", Takes::integer8, 0, true}, {"min", Takes::integer8, 0, true}},
+    {"ipv6_acl_config",
+     {{"interfaceID", Takes::string, 20, true},
+      {"ip6_start_addr", Takes::string, 46, true},
+      {"ip6_prefix_length", Takes::integer8, 0, true},
+      {"enable", Takes::boolean, 0, true},
+      {"service_any", Takes::boolean, 0, true},
+      {"service_telnet", Takes::boolean, 0, false},
+      {"service_ftp", Takes::boolean, 0, true},
+      {"service_tftp", Takes::boolean, 0, true},
+      {"service_http", Takes::boolean, 0, true},
+      {"service_https", Takes::boolean, 0, true},
+      {"service_ping", Takes::boolean, 0, true},
+      {"service_ssh", Takes::boolean, 0, true}},
      {"id"}},
 };
 
@@ -246,6 +259,8 @@ TEST_P(FindingsOfRandomDocuments, AreThoseOfTheModel)
             return;
     }
 }
+
+void PrintTo(const Model &model, std::ostream *out) { *out << model.resource; }
 
 INSTANTIATE_TEST_SUITE_P(Of, FindingsOfRandomDocuments, testing::ValuesIn(models),
                          [](const auto &tested) { return std::string(tested.param.resource); });
