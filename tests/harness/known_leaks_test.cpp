@@ -1,9 +1,9 @@
-#include "soak/known_leaks.h"
+#include "harness/known_leaks.h"
 
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora_soak {
+namespace kelmora_harness {
 
 namespace {
 
@@ -53,4 +53,4 @@ TEST(KnownLeak, IsNoneOfAResourceThatIsNotInTheTable)
 
 } // namespace
 
-} // namespace kelmora_soak
+} // namespace kelmora_harness
