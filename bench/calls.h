@@ -3,7 +3,7 @@
 
 #include "bench/workloads.h"
 
-#include "host/gateway/blank.h"
+#include "harness/poison.h"
 #include "host/gateway/resources.h"
 #include "host/plugin/errors.h"
 #include "host/plugin/plugin.h"
@@ -67,7 +67,7 @@ public:
     }
 
 private:
-    [[nodiscard]] kelmora_host::Node blank() const { return {"0", kelmora_host::blank_record(*resource_)}; }
+    [[nodiscard]] kelmora_host::Node blank() const { return {"0", kelmora_harness::blank_record(*resource_)}; }
 
     kelmora_from_translator from_;
     const kelmora_host::Resource *resource_;

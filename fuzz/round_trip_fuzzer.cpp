@@ -1,10 +1,10 @@
 // Document, record, text, record, text: what was accepted once is written as a document, and where a resource reads
 // what it writes, that document is accepted again and gives the same text.
 
-#include "fuzz/harness.h"
+#include "fuzz/input.h"
 
-#include "host/gateway/blank.h"
-#include "host/plugin/translate.h"
+#include "harness/call.h"
+#include "harness/poison.h"
 
 #include <algorithm>
 #include <array>
@@ -38,11 +38,20 @@ bool may_have_cut_characters(const std::string &document)
     return std::ranges::any_of(document, [](char c) { return static_cast<unsigned char>(c) >= 0x80 || c == '\\'; });
 }
 
+/// Whether the document is accepted.
+bool accepts(const Input &input, kelmora_host::Node &node, const std::string &document)
+{
+    const kelmora_harness::FromAnswer answer = kelmora_harness::call_from(*input.resource, node, document);
+    require_none(answer.faults, input);
+    return answer.result == 1;
+}
+
 /// The record as its resource writes it; where that is an array whatever is asked for, its one element.
 std::string text_of(const Input &input, const kelmora_host::Node &node)
 {
     std::vector<kelmora_host::Node> nodes{node};
-    const auto answer = to_json(input.translators.to, nodes, false);
+    const kelmora_harness::ToAnswer answer = kelmora_harness::call_to(input.translators.to, nodes);
+    require_none(answer.faults, input);
     require(answer.result == 1, input, "the record cannot be written");
     if (!answer.text.starts_with('['))
         return answer.text;
@@ -58,15 +67,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (input.resource == nullptr || !reads_what_it_writes(input))
         return -1; // of no use in the corpus
 
-    kelmora_host::Node node("a node", blank_record(*input.resource));
-    if (from_json(input.translators.from, node, input.document).result != 1)
+    kelmora_host::Node node("a node", kelmora_harness::blank_record(*input.resource));
+    if (!accepts(input, node, input.document))
         return 0;
     const std::string text = text_of(input, node);
     if (may_have_cut_characters(input.document))
         return 0;
 
-    kelmora_host::Node again("a node", blank_record(*input.resource));
-    require(from_json(input.translators.from, again, text).result == 1, input, text.c_str());
+    kelmora_host::Node again("a node", kelmora_harness::blank_record(*input.resource));
+    require(accepts(input, again, text), input, text.c_str());
     require(text_of(input, again) == text, input, text.c_str());
     return 0;
 }

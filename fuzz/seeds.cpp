@@ -1,7 +1,7 @@
 // seeds EXAMPLES OUT: the inputs to begin with: each example document, and each sample record as the plug-in writes it,
 // for every state of the record before.
 
-#include "fuzz/harness.h"
+#include "fuzz/input.h"
 
 #include "host/gateway/gateway.h"
 #include "host/plugin/translate.h"
@@ -47,7 +47,7 @@ int main(int argc, char **argv)
                 save(out / (name + "-example-" + std::to_string(state)), resource, state, text.str());
         }
         if (std::vector<kelmora_host::Node> nodes = gateway.nodes(name); !nodes.empty() && !is_raw(resource))
-            save(out / (name + "-sample"), resource, 0, to_json(input.translators.to, nodes, false).text);
+            save(out / (name + "-sample"), resource, 0, kelmora_host::to_json(input.translators.to, nodes, false).text);
     }
     return 0;
 }

@@ -32,7 +32,7 @@
     ROW(16, device, device, both) \
     ROW(17, status, device, to_only) \
     ROW(18, interface_statistics, wan_lan, both) \
-    ROW(19, connected_device, wan_lan, both) \
+    ROW(19, connected_device, wan_lan, to_only) \
     ROW(20, site_survey, wireless, to_only) \
     ROW(21, system, device, both) \
     ROW(22, easymesh, wireless, both) \

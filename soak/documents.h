@@ -1,25 +1,19 @@
 #ifndef KELMORA_SOAK_DOCUMENTS_H
 #define KELMORA_SOAK_DOCUMENTS_H
 
+#include "harness/mutate.h"
 #include "host/gateway/gateway.h"
 #include "host/gateway/resources.h"
 
-#include <cstddef>
-#include <random>
 #include <string>
 #include <vector>
 
 namespace kelmora_soak {
 
-using Random = std::mt19937_64;
+using kelmora_harness::below;
+using kelmora_harness::Random;
 
-/// A number from 0 to below `end`.
-[[nodiscard]] inline std::size_t below(std::size_t end, Random &random)
-{
-    return static_cast<std::size_t>(random() % end);
-}
-
-/// A text for the write road.
+/// A text for a from-translator.
 struct Document {
     std::string text;
     bool valid; ///< the resource must accept it

@@ -1,6 +1,9 @@
 #include "soak/process_memory.h"
 #include "soak/worker.h"
 
+#include "harness/known_leaks.h"
+#include "harness/ledger.h"
+
 #include "kelmora_json.h"
 
 #include <CLI/CLI.hpp>
@@ -28,7 +31,7 @@ struct Options {
 constexpr unsigned quarters = 4;
 constexpr std::int64_t kib = 1024;
 
-// What the memory may grow by after the warm-up, besides the documents that are kept. What is in use is nearly exact;
+// What the memory may grow by after the warm-up, besides the documents that leak. What is in use is nearly exact;
 // how much of it is resident depends on where the allocator finds room.
 constexpr std::int64_t heap_slack = 4 * kib;
 constexpr std::int64_t resident_slack = 1024 * kib;
@@ -109,13 +112,13 @@ void print(const Tally &tally)
 {
     std::cout << tally.reads << " reads, " << tally.accepted + tally.rejected << " writes, of which " << tally.accepted
               << " were accepted and " << tally.rejected << " rejected\n";
-    const Amount kept = tally.leaked_memory();
-    std::cout << "documents kept: " << kept.blocks << " blocks, " << kept.bytes << " bytes\n";
-    for (const KnownLeak &path : known_leaks()) {
-        const auto documents = tally.kept.find(&path);
-        if (documents != tally.kept.end())
+    const Amount leaked = tally.leaked_memory();
+    std::cout << "documents leaked by contract: " << leaked.blocks << " blocks, " << leaked.bytes << " bytes\n";
+    for (const KnownLeak &path : kelmora_harness::known_leaks()) {
+        const auto documents = tally.leaked.find(&path);
+        if (documents != tally.leaked.end())
             std::cout << "  " << path.resource << ": " << documents->second.calls << " calls, "
-                      << documents->second.memory.bytes << " bytes: " << path.reason << "\n";
+                      << documents->second.memory.bytes << " bytes: " << path.when << "\n";
     }
 }
 
@@ -124,16 +127,16 @@ bool soak(const Options &options)
 {
     // As a host must: jansson seeds its hash tables once, here before there are threads to do it at once.
     json_object_seed(static_cast<std::size_t>(options.seed));
-    json_blocks::watch();
     const std::vector<Subject> subjects = make_subjects();
     Crew crew(subjects, options);
     std::cout << "kelmora-soak: " << subjects.size() << " resources, " << options.calls << " calls, " << options.threads
               << " threads, seed " << options.seed << "; the library "
-              << (releases_all ? "releases every document" : "keeps the documents that it must") << "\n";
+              << (kelmora_harness::releases_all ? "releases every document" : "leaks the documents that it must")
+              << "\n";
 
     const std::uint64_t warm_up = options.calls / quarters;
     crew.serve(warm_up);
-    const Amount kept_before = crew.tally().leaked_memory();
+    const Amount leaked_before = crew.tally().leaked_memory();
     const ProcessMemory before;
     ProcessMemory now = before;
     std::cout << "after a warm-up of " << warm_up << " calls more: " << now << std::endl;
@@ -148,13 +151,14 @@ bool soak(const Options &options)
     const Tally tally = crew.tally();
     print(tally);
     std::vector<std::string> faults = crew.faults();
-    if (json_blocks::alive() != tally.leaked_memory())
-        faults.push_back("alive at the end: " + std::to_string(json_blocks::alive().blocks) + " blocks, " +
-                         std::to_string(json_blocks::alive().bytes) + " bytes of jansson's, and not those kept");
-    const std::int64_t kept = heap_of(tally.leaked_memory() - kept_before);
-    const std::int64_t heap_growth = now.heap - before.heap - kept;
-    const std::int64_t resident_growth = now.resident - before.resident - kept;
-    std::cout << "growth after the warm-up, besides " << kept << " bytes of kept documents: heap " << heap_growth
+    const Amount alive = kelmora_harness::ledger::json_of_process();
+    if (alive != tally.leaked_memory())
+        faults.push_back("alive at the end: " + std::to_string(alive.blocks) + " blocks, " +
+                         std::to_string(alive.bytes) + " bytes of jansson's, and not those leaked");
+    const std::int64_t leaked = heap_of(tally.leaked_memory() - leaked_before);
+    const std::int64_t heap_growth = now.heap - before.heap - leaked;
+    const std::int64_t resident_growth = now.resident - before.resident - leaked;
+    std::cout << "growth after the warm-up, besides " << leaked << " bytes of leaked documents: heap " << heap_growth
               << " bytes, resident " << in_kib(resident_growth) << (options.memory_unjudged ? " (not judged)" : "")
               << "\n";
     if (!options.memory_unjudged && (heap_growth > heap_slack || resident_growth > resident_slack))

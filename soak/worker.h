@@ -2,9 +2,9 @@
 #define KELMORA_SOAK_WORKER_H
 
 #include "soak/documents.h"
-#include "soak/json_blocks.h"
-#include "soak/known_leaks.h"
 
+#include "harness/known_leaks.h"
+#include "harness/ledger.h"
 #include "host/gateway/node.h"
 #include "host/gateway/resources.h"
 #include "host/plugin/registry.h"
@@ -16,6 +16,9 @@
 
 namespace kelmora_soak {
 
+using kelmora_harness::Amount;
+using kelmora_harness::KnownLeak;
+
 /// A resource under load: what the threads share, none of which changes.
 struct Subject {
     kelmora_host::Resource resource;
@@ -25,8 +28,8 @@ struct Subject {
 
 /// What came of many calls.
 struct Tally {
-    /// The documents that one path left behind.
-    struct Kept {
+    /// The documents that one path leaked.
+    struct Leaked {
         std::uint64_t calls = 0;
         Amount memory;
     };
@@ -34,7 +37,7 @@ struct Tally {
     std::uint64_t reads = 0;
     std::uint64_t accepted = 0;
     std::uint64_t rejected = 0;
-    std::map<const KnownLeak *, Kept> kept;
+    std::map<const KnownLeak *, Leaked> leaked;
 
     Tally &operator+=(const Tally &other);
 

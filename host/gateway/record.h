@@ -56,23 +56,30 @@ struct Duplicate {
     }
 };
 
-/// Lists the blocks that a record owns.
+/// Lists the blocks that a record owns. One that hangs on it twice is listed twice, and not followed again: a ring
+/// ends.
 struct Collect {
     template <class Node> void chain(Node *&first)
     {
-        for (Node *node = first; node != nullptr; node = node->next) {
-            blocks.push_back(node);
+        for (Node *node = first; node != nullptr && add(node); node = node->next)
             Owned<Node>::visit(*node, *this);
-        }
     }
 
     void text(char *&text)
     {
         if (text != nullptr)
-            blocks.push_back(text);
+            add(text);
+    }
+
+    /// Whether the block is a new one.
+    bool add(void *block)
+    {
+        blocks.push_back(block);
+        return seen.insert(block).second;
     }
 
     std::vector<void *> blocks;
+    std::set<void *> seen;
 };
 
 /// Frees what a record owns.
@@ -176,7 +183,7 @@ public:
     [[nodiscard]] void *bytes() { return bytes_.get(); }
     [[nodiscard]] std::size_t size() const { return type_->size; }
 
-    /// The blocks from malloc that hang on the record.
+    /// The blocks from malloc that hang on the record; one that hangs on it twice, twice.
     [[nodiscard]] std::vector<void *> owned_blocks() { return type_->collect(bytes_.get()); }
 
     /// The record as its struct. T must be the type that it was made of.

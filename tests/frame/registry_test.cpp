@@ -99,7 +99,7 @@ TEST(Resources, HaveTheNumbersThatTheHostKnows)
         "device",
         "status (to only)",
         "interface_statistics",
-        "connected_device",
+        "connected_device (to only)",
         "site_survey (to only)",
         "system",
         "easymesh",

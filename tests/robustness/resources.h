@@ -3,6 +3,8 @@
 
 #include "tests/support/allocations.h"
 
+#include "harness/address_sanitizer.h"
+#include "harness/poison.h"
 #include "host/gateway/node.h"
 #include "host/gateway/resources.h"
 #include "host/plugin/errors.h"
@@ -26,14 +28,8 @@ namespace kelmora_test {
 
 using kelmora_host::Resource;
 using Nodes = std::vector<kelmora_host::Node>;
-
-#if defined(__SANITIZE_ADDRESS__)
-#define KELMORA_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define KELMORA_ADDRESS_SANITIZER 1
-#endif
-#endif
+using kelmora_harness::FailingAllocation;
+using kelmora_harness::fill;
 
 /// Whether AddressSanitizer watches each access.
 #ifdef KELMORA_ADDRESS_SANITIZER
@@ -62,12 +58,6 @@ inline constexpr bool slow = address_sanitizer;
 /// The resource's document in examples/.
 [[nodiscard]] std::string example_of(const Resource &resource);
 
-/// The allocation that is to fail in a call, counted from 1; 0 for none.
-struct FailingAllocation {
-    std::size_t number = 0;
-    Failing failing = Failing::once;
-};
-
 /// What a to-translator answered.
 struct Written {
     int result;
@@ -77,8 +67,7 @@ struct Written {
     std::size_t reallocated_size; ///< what the last of those asked for
 };
 
-/// Calls the resource's to-translator with a buffer of 4096 bytes, and checks what holds for every call: no memory
-/// outlives it, records and nodes are only read, and of the buffer nothing is written behind the text and its NUL.
+/// Calls the resource's to-translator, with the checks of harness/call.h.
 Written write_out(const Resource &resource, Nodes &nodes, bool as_list, FailingAllocation memory = {});
 
 /// What a from-translator answered, and what the record then held.
@@ -95,16 +84,11 @@ struct Answer {
     }
 };
 
-/// Calls the resource's from-translator on a new stale record, and checks what holds for every call: result and errors
-/// fit together, nothing is written behind the record or into the node, chains are well formed, and no memory outlives
-/// the call but what the record owns and the documents that are kept by contract.
+/// Calls the resource's from-translator on a new poisoned record, with the checks of harness/call.h, and checks that no
+/// memory outlives the node but documents that leak by contract.
 /// look: called with the node while it is there.
 Answer read_in(const Resource &resource, const std::string &text, FailingAllocation memory = {},
                const std::function<void(Nodes &)> &look = nullptr);
-
-/// Overwrites all bytes of a sample's record, of what hangs on it and of its id with the pattern, again and again from
-/// its `phase`-th byte on; pointers stay as they are.
-void fill(const Resource &resource, kelmora_host::Node &node, std::string_view pattern, std::size_t phase = 0);
 
 } // namespace kelmora_test
 

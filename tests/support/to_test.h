@@ -1,6 +1,7 @@
 #ifndef KELMORA_TESTS_SUPPORT_TO_TEST_H
 #define KELMORA_TESTS_SUPPORT_TO_TEST_H
 
+#include "harness/call.h"
 #include "host/gateway/node.h"
 
 #include "kelmora_host.h"
@@ -16,8 +17,7 @@
 
 namespace kelmora_test {
 
-/// Calls a to-translator on a list of nodes and checks what holds for every call of any: no JSON value and no memory
-/// outlives the call, records and nodes are only read, and nothing is written behind the buffer.
+/// Calls a to-translator on a list of nodes, with the checks of harness/call.h.
 class ToTestBase : public testing::Test {
 protected:
     explicit ToTestBase(kelmora_to_translator to) : to_(to) {}
@@ -33,7 +33,7 @@ protected:
     std::string object_counting(std::uint32_t count) { return text(false, count); }
 
     /// With each allocation failing in turn, that one alone or all from there on: the right text and 1, or the empty
-    /// document of the same root and 0.
+    /// document of the same root and 0; or a text that jansson alone renders as wrongly.
     void expect_survives_failing_memory();
 
     std::vector<kelmora_host::Node> nodes_;
@@ -43,15 +43,9 @@ protected:
     std::size_t reallocations_ = 0;
 
 private:
-    struct Answer {
-        int result;
-        std::string text;
-    };
-
     std::string text(bool as_list, std::optional<std::uint32_t> count = std::nullopt);
 
-    /// prepare: called last before the translator.
-    template <class Prepare> Answer call(bool as_list, std::optional<std::uint32_t> count, Prepare prepare);
+    kelmora_harness::ToAnswer call(const kelmora_harness::ToRequest &request);
 
     kelmora_to_translator to_;
 };

@@ -1,5 +1,5 @@
-#ifndef KELMORA_FUZZ_HARNESS_H
-#define KELMORA_FUZZ_HARNESS_H
+#ifndef KELMORA_FUZZ_INPUT_H
+#define KELMORA_FUZZ_INPUT_H
 
 #include "host/gateway/record.h"
 #include "host/gateway/resources.h"
@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace kelmora_fuzz {
 
@@ -26,14 +27,14 @@ inline constexpr std::size_t prefix_size = 2;
 /// Takes an input apart; `resource` is NULL when it is too short.
 Input parse_input(const std::uint8_t *data, std::size_t size);
 
-/// The record that the input asks for: all zeros, full of stale bytes, or one of the sample gateway.
+/// The record that the input asks for, guarded (harness/poison.h): all zeros, poisoned, or one of the sample gateway.
 kelmora_host::Record record_before(const Input &input);
 
 /// Ends the process with a report unless `holds`.
 void require(bool holds, const Input &input, const char *what);
 
-/// Blocks of the JSON library's that are alive.
-std::int64_t json_alive();
+/// The same unless a checked call found nothing wrong.
+void require_none(const std::vector<std::string> &faults, const Input &input);
 
 } // namespace kelmora_fuzz
 
