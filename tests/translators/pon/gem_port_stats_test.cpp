@@ -46,19 +46,6 @@ TEST_F(GemPortStatsTo, WritesNumbersAsUnsigned)
     EXPECT_EQ(list(), R"([{"flow_id": "u", "pkt_count": 4294967295, "gemport_id": 2147483648}])");
 }
 
-TEST_F(GemPortStatsTo, CutsAFlowThatFillsItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_EQ(list(), "[" + with(sample_text, "flow_id", '"' + std::string(128, 'i') + '"') + "]");
-}
-
-TEST_F(GemPortStatsTo, LeavesOutAFlowThatIsNotUtf8)
-{
-    add("caf\xE9", sample);
-    EXPECT_EQ(list(), "[" + without(sample_text, "flow_id") + "]");
-}
-
 } // namespace
 
 } // namespace kelmora_test

@@ -1,3 +1,4 @@
+#include "tests/support/document.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
