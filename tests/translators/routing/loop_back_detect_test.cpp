@@ -12,8 +12,6 @@ namespace {
 
 using testing::HasSubstr;
 
-using Slot = kelmora_loop_back_detect_vlan;
-
 constexpr kelmora_loop_back_detect sample{
     .enabled = 1,
     .detection_interval = 5,
