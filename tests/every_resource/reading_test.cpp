@@ -3,74 +3,29 @@
 #include "tests/robustness/resources.h"
 #include "tests/support/from_test.h"
 
-#include "host/gateway/gateway.h"
+#include "harness/poison.h"
 
 #include "kelmora_json.h"
-#include "kelmora_records.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <jansson.h>
 #include <memory>
+#include <utility>
 
 namespace kelmora_test {
 
 namespace {
 
-using kelmora_host::ChainRecord;
-using kelmora_host::Directions;
-using kelmora_host::Owned;
 using kelmora_host::Record;
 
-/// What is done with the record of a resource.
-struct Type {
-    kelmora_from_translator from;
-    Record (*guarded)(Record sample);
-    void (*poison)(Record &guarded, unsigned char stale);
-    std::string (*image)(const Record &guarded);
-};
-
-template <class T> struct TypeOf {
-    static Record guarded(Record sample)
-    {
-        const Guarded<T> guarded{sample.as<T>()};
-        kelmora_host::Forget forget; // it owns them now
-        Owned<T>::visit(sample.as<T>(), forget);
-        return Record(guarded);
-    }
-
-    static void poison(Record &guarded, unsigned char stale)
-    {
-        kelmora_host::Free free;
-        Owned<T>::visit(guarded.as<Guarded<T>>().record, free);
-        std::memset(guarded.bytes(), stale, guarded.size());
-        kelmora_host::Forget forget;
-        Owned<T>::visit(guarded.as<Guarded<T>>().record, forget);
-    }
-
-    static std::string image(const Record &guarded)
-    {
-        Record copy = guarded;
-        T bytes = copy.as<Guarded<T>>().record;
-        Image image;
-        Owned<T>::visit(bytes, image);
-        return std::string(reinterpret_cast<const char *>(&bytes), sizeof bytes) + image.bytes();
-    }
-};
-
-// A node's data is the chain itself.
-template <> struct TypeOf<kelmora_qos_available_dscp> : TypeOf<ChainRecord<kelmora_qos_available_dscp>> {
-};
-
-const Type &type_of(const Resource &resource)
+kelmora_from_translator translator_of(const Resource &resource)
 {
-#define TYPE(number, name, group, directions)                                                                          \
-    {&name##_from_translator, &TypeOf<kelmora_##name>::guarded, &TypeOf<kelmora_##name>::poison,                       \
-     &TypeOf<kelmora_##name>::image},
-    static constexpr std::array<Type, KELMORA_RESOURCE_COUNT> types{{KELMORA_RESOURCES(TYPE)}};
-#undef TYPE
-    return types[static_cast<std::size_t>(resource.number)];
+#define FROM(number, name, group, directions) &name##_from_translator,
+    static constexpr std::array<kelmora_from_translator, KELMORA_RESOURCE_COUNT> translators{KELMORA_RESOURCES(FROM)};
+#undef FROM
+    return translators[static_cast<std::size_t>(resource.number)];
 }
 
 /// The resources whose from-translator does nothing.
@@ -112,21 +67,19 @@ std::string document_of(const Resource &resource)
 
 class Reading : public FromTestBase, public testing::WithParamInterface<Resource> {
 protected:
-    explicit Reading(const std::string &document)
-        : FromTestBase(type_of(GetParam()).from, document,
-                       type_of(GetParam()).guarded(samples_of(GetParam()).front().record()))
+    Reading(const std::string &document, Record guarded)
+        : FromTestBase(translator_of(GetParam()), document, std::move(guarded))
     {
     }
-    Reading() : Reading(document_of(GetParam()))
+    Reading() : Reading(document_of(GetParam()), kelmora_harness::poisoned_record(GetParam()))
     {
         leaks_document_on_success_ = GetParam().name == "dhcp_server" || GetParam().name == "loop_back_detect" ||
                                      GetParam().name == "tr369_local_agent_mtp";
         fetches_without_document_ = GetParam().name == "session" ? 1 : 0; // fetches it before it looks at the text
-        Reading::poison();
     }
 
-    void poison() override { type_of(GetParam()).poison(node_.record(), stale); }
-    std::string image() override { return type_of(GetParam()).image(node_.record()); }
+    void poison() override { node_.record() = kelmora_harness::poisoned_record(GetParam()); }
+    std::string image() override { return kelmora_harness::image_of(GetParam(), node_.record()); }
 };
 
 TEST_P(Reading, KeepsTheCommonContract) { expect_common_contract(); }
@@ -137,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Every, Reading, testing::ValuesIn(read_resources()), te
 
 class ReadOnly : public Reading {
 protected:
-    ReadOnly() : Reading("") {}
+    ReadOnly() : Reading("", kelmora_harness::guarded_copy(GetParam(), samples_of(GetParam()).front().record())) {}
 };
 
 TEST_P(ReadOnly, AcceptsAnythingAndTouchesNothing)
@@ -151,7 +104,7 @@ TEST_P(ReadOnly, AcceptsAnythingAndTouchesNothing)
         EXPECT_TRUE(image() == before) << "the record was written";
         EXPECT_EQ(fetches_, 0U);
     }
-    EXPECT_EQ(type_of(GetParam()).from(nullptr, nullptr, nullptr), 1);
+    EXPECT_EQ(translator_of(GetParam())(nullptr, nullptr, nullptr), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Every, ReadOnly, testing::ValuesIn(read_only_resources()), test_name);

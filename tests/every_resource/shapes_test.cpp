@@ -4,7 +4,7 @@
 #include "tests/robustness/resources.h"
 #include "tests/support/to_test.h"
 
-#include "host/gateway/blank.h"
+#include "harness/poison.h"
 
 #include "kelmora_json.h"
 
@@ -217,7 +217,7 @@ protected:
     void add(const Sort &sort)
     {
         if (sort.byte == '\0' && resource_.name != "tr069_inform") {
-            nodes_.emplace_back("", kelmora_host::blank_record(resource_));
+            nodes_.emplace_back("", kelmora_harness::blank_record(resource_));
         } else {
             nodes_.push_back(samples_of(resource_).front());
             fill(resource_, nodes_.back(), std::string_view(&sort.byte, 1));
