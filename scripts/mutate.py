@@ -2,14 +2,16 @@
 """Tests the unit tests: makes small faults in the library, one at a time, and
 tells which go unnoticed.
 
-    scripts/mutate.py [--sample 250] [--seed 1] [--kind KIND] [--least 95]
+    scripts/mutate.py [--sample 250] [--seed SEED] [--kind KIND] [--least 95]
                       [--jobs 2] [--list] [PATH...]
 
 Takes a sample of the faults that are possible in frame/ and translators/ (or
-below PATH), spread over the units and over the kinds of faults; the same seed
-gives the same sample. The faults are made in a copy of the sources, in
-build/mutation/src. What a fault can reach is built and run: the tests of the
-unit's group, or those of the frame and then of the groups until one fails.
+below PATH), spread over the units and over the kinds of faults. The commit that
+is checked out draws the sample: another one with each commit. The same seed and
+the same sources give the same sample again. The faults are made in a copy of the
+sources, in build/mutation/src. What a fault can reach is built and run until a
+program fails: the tests of the unit's group and those of every resource, or
+those of the frame, of every resource and of all groups.
 
 Not counted are faults that do not compile, and those that give the same
 program. A header's fault rebuilds nearly everything, so each header has one in
@@ -45,17 +47,21 @@ Mutant = namedtuple("Mutant", "unit kind first before after")
 # Kind of fault, pattern, replacement: one fault for each match in a line,
 # outside texts, comments and preprocessor lines.
 FAULTS = [
-    ("required to optional", r'\brequired(_\w+)?\(("\w+")_(?:bare_)?key', r"optional\1(\2"),
-    ("required to optional", r'\brequired(_\w+)?\(key<("\w+")[^>]*>\(\)', r"optional\1(\2"),
+    ("required to optional", r'\brequired(_\w+)?\("(?:[^".:]+[.:])*([^".:]+)"_(?:bare_)?key',
+     r'optional\1("\2"'),
+    ("required to optional", r'\brequired(_\w+)?\((?:key|\w+_key)<("\w+")[^>]*>\(\)', r"optional\1(\2"),
     ("optional to required", r'\boptional(_\w+)?\(("\w+")', r"required\1(\2_key"),
     ("checked to required", r'\bchecked(_\w+)\(("\w+")', r"required\1(\2_bare_key"),
     ("key's message", r'"_key', '"_bare_key'),
     ("key's message", r'"_bare_key', '"_key'),
+    ("key's field", r'"(?:[^".:]+[.:])+([^".:]+)"(?=_(?:bare_)?key)', r'"\1"'),
     ("type", r"(?<=[._])integer\(", "boolean("),
     ("type", r"(?<=[._])boolean\(", "integer("),
     ("type", r"(?<=\.)real\(", "integer("),
     ("type", r"(?<=\.)number\(", "real("),
     ("type", r"\bis_true\(\)", "is_string()"),
+    ("type", r"\bis_string\(\)", "is_true()"),
+    ("cut", r'(?<=\.)string\((?=")', "whole_string("),
     ("width or sign", r"\buint32_t\b", "int32_t"),
     ("width or sign", r"\bint32_t\b", "uint32_t"),
     ("width or sign", r"\buint32_t\b", "uint16_t"),
@@ -63,9 +69,12 @@ FAULTS = [
     ("width or sign", r"\buint8_t\b", "uint16_t"),
     ("ok()", r" && (\w+\.)?ok\(\)", ""),
     ("ok()", r"\b(\w+\.)?ok\(\) && ", ""),
+    ("ok()", r"!(\w+\.)?ok\(\) \|\| ", ""),
     ("ok()", r"(?<=if \()!(\w+\.)?ok\(\)(?=\))", "false"),
     ("ok()", r"(?<=if \()(\w+\.)?ok\(\)(?=\))", "true"),
     ("ok()", r"(?<=return )(?:call_->ok|ok\(\)) \? (.*) : \w+;", r"\1;"),
+    ("leak", r"(?<=leak_document_on_failure\()true", "false"),
+    ("leak", r"(?<=leak_document_on_failure\()false", "true"),
     ("condition", r"\bif \(([^=]*|.*[=!<>]=.*)\)(?=( \{)?$)", r"if (!(\1))"),
     ("operator", r" < ", " <= "),
     ("operator", r" <= ", " < "),
@@ -79,23 +88,23 @@ FAULTS = [
     ("operator", r" - ", " + "),
     ("constant", r"(?<![\w.])\d+(?=U?[\s;,)\]}])", lambda match: str(int(match[0]) + 1)),
     ("constant", r"(?<![\w.])0x[0-9A-F]+(?=U?[\s;,)])", lambda match: hex(int(match[0], 16) + 1)),
-    ("constant", r"\btrue\b", "false"),
-    ("constant", r"\bfalse\b", "true"),
-    # JSON_PRESERVE_ORDER alone changes nothing: jansson keeps the order.
+    ("constant", r"(?<!failure\()\btrue\b", "false"),
+    ("constant", r"(?<!failure\()\bfalse\b", "true"),
+    # insertion_order gives the same text as plain: jansson keeps the order.
     ("flags", r"\bFlags::pretty\b", "Flags::plain"),
-    ("flags", r"\bFlags::(compact|insertion_order)\b", "Flags::pretty"),
-    ("shape", r" \| Shape::\w+", ""),
-    ("shape", r"\bShape::counting\b", "Shape::walking"),
-    ("shape", r"\bShape::counting\b", "Shape::head_only"),
-    ("shape", r"\bShape::counting\b", "Shape::head_repeated"),
-    ("shape", r"\bShape::walking\b", "Shape::counting"),
-    ("shape", r"\bShape::walking\b", "Shape::head_only"),
-    ("shape", r"\bShape::head_only\b", "Shape::counting"),
-    ("shape", r"\bShape::head_only\b", "Shape::walking"),
-    ("shape", r"\bShape::head_repeated\b", "Shape::counting"),
-    ("shape", r"\bShape::head_repeated\b", "Shape::head_only"),
-    ("shape", r"\bShape::always_array\b", "Shape::always_object"),
-    ("shape", r"\bShape::always_object\b", "Shape::always_array"),
+    ("flags", r"\bFlags::(plain|insertion_order)\b", "Flags::pretty"),
+    ("nodes", r"\bNodes::(walking|head_only|head_repeated)\b", "Nodes::counting"),
+    ("nodes", r"\bNodes::(counting|head_only)\b", "Nodes::walking"),
+    ("nodes", r"\bNodes::(counting|walking|head_repeated)\b", "Nodes::head_only"),
+    ("nodes", r"\bNodes::counting\b", "Nodes::head_repeated"),
+    ("nodes", r"\bNodes::(counting|walking|head_only)_if_any\b", r"Nodes::\1"),
+    ("nodes", r"\bNodes::(counting|walking|head_only)\b", r"Nodes::\1_if_any"),
+    ("nodes", r"\bNodes::walking_if_any\b", "Nodes::counting_if_any"),
+    ("nodes", r"\bNodes::counting_if_any\b", "Nodes::walking_if_any"),
+    ("nodes", r"\bNodes::walking_with_head_id\b", "Nodes::walking"),
+    ("root", r", Root::\w+", ""),
+    ("root", r"\bRoot::always_array\b", "Root::always_object"),
+    ("root", r"\bRoot::always_object\b", "Root::always_array"),
 ]
 
 TEXT = re.compile(r'"(?:[^"\\]|\\.)*"')
@@ -104,7 +113,7 @@ STATEMENT = re.compile(
 NO_STATEMENT = r"\1static_cast<void>(0);"
 CALL = re.compile(r"^( +[\w.>-]+\(.+, )([\w.>\[\]-]+)\);$")
 REQUIRED = re.compile(r"\brequired\w*\(([^,]*)")
-WRITE = re.compile(r"^ +\w+\.(boolean|integer|real|text|whole_string)\(")
+WRITE = re.compile(r"^ +\w+\.(boolean|integer|real|string|whole_string)\(")
 
 
 def code_of(line):
@@ -144,7 +153,7 @@ def faults_of_line(code, choose):
 
 def presence_shows(code, unit_text):
     """Whether it can matter that this line requires its key."""
-    return f"decode_after<read>({REQUIRED.search(code)[1]}" not in unit_text  # known to be there
+    return f"decode_after<from_json>({REQUIRED.search(code)[1]}" not in unit_text  # known to be there
 
 
 def order_shows(code, following, unit_text):
@@ -205,7 +214,7 @@ def copy_sources():
         if not target.is_file() or target.read_bytes() != source.read_bytes():
             target.parent.mkdir(parents=True, exist_ok=True)
             target.write_bytes(source.read_bytes())
-    for folder in ("frame", "translators", "tests", "host", "include"):
+    for folder in {Path(name).parts[0] for name in wanted}:
         for path in (COPY / folder).rglob("*"):
             if path.is_file() and str(path.relative_to(COPY)) not in wanted:
                 path.unlink()
@@ -246,7 +255,7 @@ def prepare(jobs):
         if not done:
             sys.exit(output)
     groups = sorted(path.name for path in (COPY / "tests/translators").iterdir())
-    programs = [f"{name}_tests" for name in ["frame", *groups]]
+    programs = [f"{name}_tests" for name in ["frame", "every_resource", *groups]]
     for program in programs:
         if not passes(program):
             sys.exit(f"mutate: {program} fails without any fault")
@@ -262,16 +271,19 @@ def verdict(mutant, originals, jobs):
     path = COPY / mutant.unit
     original = path.read_text()
     folder, group = Path(mutant.unit).parts[:2]
+    programs = originals if folder == "frame" else [f"{group}_tests", "every_resource_tests"]
+    result = "same program"
     try:
         path.write_text("".join(changed_lines(mutant, original.splitlines(keepends=True))))
-        for program in originals if folder == "frame" else [f"{group}_tests"]:
+        for program in programs:
             if not build(program, jobs)[0]:
                 return "does not compile"
             if digest(program) == originals[program]:
-                return "same program"
+                continue
             if not passes(program):
                 return "caught"
-        return "survived"
+            result = "survived"
+        return result
     finally:
         path.write_text(original)
 
@@ -311,12 +323,19 @@ def report(results):
     return share
 
 
+def seed_of_commit():
+    """A number that each commit has of its own."""
+    commit = subprocess.run(["git", "rev-parse", "HEAD"], cwd=ROOT, check=True,
+                            stdout=subprocess.PIPE, text=True).stdout
+    return int(commit[:8], 16)
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("paths", nargs="*", metavar="PATH", help="units or folders to change")
     parser.add_argument("--sample", type=int, default=250, help="how many faults to count (250)")
-    parser.add_argument("--seed", type=int, default=1, help="another sample (1)")
+    parser.add_argument("--seed", type=int, help="another sample than the commit's")
     parser.add_argument("--kind", help="faults of this kind alone")
     parser.add_argument("--least", type=float, default=95, help="percent to be caught (95)")
     parser.add_argument("--jobs", type=int, default=2, help="compilers at once (2)")
@@ -324,14 +343,15 @@ def main():
     arguments = parser.parse_args()
     signal.signal(signal.SIGTERM, signal.default_int_handler)  # like Ctrl-C
 
+    seed = seed_of_commit() if arguments.seed is None else arguments.seed
     copy_sources()
     wanted = tuple(arguments.paths) or ("frame/", "translators/")
     files = [path for folder in ("frame", "translators") for path in (COPY / folder).rglob("*")]
     units = sorted(str(path.relative_to(COPY)) for path in files if path.suffix in (".cpp", ".h"))
     units = [unit for unit in units if unit.startswith(wanted)]
-    mutants = plan(units, bool(arguments.paths), random.Random(arguments.seed))
+    mutants = plan(units, bool(arguments.paths), random.Random(seed))
     mutants = [mutant for mutant in mutants if arguments.kind in (None, mutant.kind)]
-    print(f"{len(units)} units, {len(mutants)} faults to choose from", flush=True)
+    print(f"{len(units)} units, {len(mutants)} faults to choose from, seed {seed}", flush=True)
     if arguments.list:
         print("\n".join(map(diff, mutants[:arguments.sample])))
         return 0

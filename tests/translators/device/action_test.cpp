@@ -22,36 +22,10 @@ TEST_F(ActionTo, WritesAnArrayWhateverIsAskedFor)
     EXPECT_EQ(object(), R"([{"actionID": 7}])");
 }
 
-TEST_F(ActionTo, WritesOneObjectANodeWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1").actionID = 8;
-    add("2").actionID = 9;
-    constexpr char all[] = R"([{"actionID": 7}, {"actionID": 8}, {"actionID": 9}])";
-    for (const std::uint32_t count : {0U, 1U, 3U, 100U}) {
-        EXPECT_EQ(list_counting(count), all) << count;
-        EXPECT_EQ(object_counting(count), all) << count;
-    }
-}
-
-TEST_F(ActionTo, WritesTheHeadEvenWhenTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), R"([{"actionID": 7}])");
-    EXPECT_EQ(object_counting(0), R"([{"actionID": 7}])");
-}
-
 TEST_F(ActionTo, WritesTheActionAsUnsigned)
 {
     add("0").actionID = 4294967295;
     EXPECT_EQ(list(), R"([{"actionID": 4294967295}])");
-}
-
-TEST_F(ActionTo, SurvivesFailingMemory)
-{
-    add("0", sample);
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"actionID": 3, "id": "never read", "action": 4})";
@@ -86,10 +60,6 @@ TEST_F(ActionFrom, FetchesTheRecordOnlyWhenThereIsAnAction)
 }
 
 TEST_F(ActionFrom, CutsTheActionToItsWidth) { expect_integer("actionID", record().actionID); }
-
-TEST_F(ActionFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(ActionFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

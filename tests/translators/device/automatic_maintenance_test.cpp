@@ -24,49 +24,10 @@ TEST_F(AutomaticMaintenanceTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(AutomaticMaintenanceTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("night", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(AutomaticMaintenanceTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("night", sample);
-    add("noon", {.enabled = 0, .hour = 12, .min = 0});
-    for (const std::uint32_t count : {1U, 2U, 100U}) {
-        EXPECT_EQ(list_counting(count), R"([{"id": "night", "enabled": true, "time": {"hour": 3, "min": 15}}, )"
-                                        R"({"id": "noon", "enabled": false, "time": {"hour": 12, "min": 0}}])");
-    }
-}
-
-TEST_F(AutomaticMaintenanceTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("noon", {.enabled = 0, .hour = 12, .min = 0});
-    add("night", sample);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(AutomaticMaintenanceTo, WritesTheTimeAsUnsignedAndAnySwitchButZeroAsTrue)
 {
     add("", {.enabled = 128, .hour = 255, .min = 128});
     EXPECT_EQ(object(), R"({"id": "", "enabled": true, "time": {"hour": 255, "min": 128}})");
-}
-
-TEST_F(AutomaticMaintenanceTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_EQ(object(),
-              R"({"id": ")" + std::string(128, 'n') + R"(", "enabled": true, "time": {"hour": 3, "min": 15}})");
-}
-
-TEST_F(AutomaticMaintenanceTo, SurvivesFailingMemory)
-{
-    add("night", sample);
-    add("noon", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -141,10 +102,6 @@ TEST_F(AutomaticMaintenanceFrom, CutsTheTimeToBytes)
     EXPECT_EQ(record().hour, 44);
     EXPECT_EQ(record().min, 0);
 }
-
-TEST_F(AutomaticMaintenanceFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(AutomaticMaintenanceFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -24,33 +24,6 @@ TEST_F(ChangeToFirmwareVersionTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(ChangeToFirmwareVersionTo, MakesAsManyEntriesAsTheCountSaysAllOfTheHead)
-{
-    add("bank1", sample);
-    add("bank2", {.change = 0, .version = "9.9.9"});
-    const std::string one = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + one + "]");
-    EXPECT_EQ(list_counting(2), "[" + one + ", " + one + "]");
-    EXPECT_EQ(list_counting(4), "[" + one + ", " + one + ", " + one + ", " + one + "]");
-}
-
-TEST_F(ChangeToFirmwareVersionTo, RepeatsASingleNodeAsOftenAsTheCountSays)
-{
-    add("bank1", sample);
-    const std::string one = sample_text;
-    EXPECT_EQ(list_counting(3), "[" + one + ", " + one + ", " + one + "]");
-}
-
-TEST_F(ChangeToFirmwareVersionTo, WritesTheHeadIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("bank1", sample);
-    add("bank2", {.change = 0, .version = "9.9.9"});
-    EXPECT_EQ(object_counting(2), sample_text);
-    EXPECT_EQ(object_counting(5), sample_text);
-    EXPECT_EQ(object_counting(0), "{}");
-}
-
 TEST_F(ChangeToFirmwareVersionTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const std::uint8_t change : {std::uint8_t{2}, std::uint8_t{128}, std::uint8_t{255}}) {
@@ -86,13 +59,6 @@ TEST_F(ChangeToFirmwareVersionTo, WritesOtherScriptsAndSlashesAsTheyAre)
     EXPECT_EQ(object(), R"({"id": "bank1", "change": true, "version": "Übergabe 2/4"})");
 }
 
-TEST_F(ChangeToFirmwareVersionTo, SurvivesFailingMemory)
-{
-    fill_whole(add("bank1", sample).version, 'v'); // a text that must be cut takes an allocation of the library's own
-    add("bank2", sample);
-    expect_survives_failing_memory();
-}
-
 constexpr char document[] = R"({"change": true, "version": "never read", "id": "never read"})";
 
 class ChangeToFirmwareVersionFrom : public FromTest<kelmora_change_to_firmware_version> {
@@ -123,10 +89,6 @@ TEST_F(ChangeToFirmwareVersionFrom, AcceptsEveryTextThatParses)
 TEST_F(ChangeToFirmwareVersionFrom, KeepsTheRequestWhenItIsAbsent) { expect_optional("change", record().change); }
 
 TEST_F(ChangeToFirmwareVersionFrom, TakesOnlyTrueForTrue) { expect_boolean("change", record().change); }
-
-TEST_F(ChangeToFirmwareVersionFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(ChangeToFirmwareVersionFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -26,38 +26,6 @@ TEST_F(CustomDefaultConfigTo, WritesTheSwitchIndented)
                       "]");
 }
 
-TEST_F(CustomDefaultConfigTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", {.enabled = 1});
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(CustomDefaultConfigTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", {.enabled = 1});
-    add("1", {.enabled = 0});
-    for (const std::uint32_t count : {1U, 2U, 100U}) {
-        EXPECT_EQ(list_counting(count), "[\n"
-                                        "                {\n"
-                                        "                                \"enabled\": true\n"
-                                        "                },\n"
-                                        "                {\n"
-                                        "                                \"enabled\": false\n"
-                                        "                }\n"
-                                        "]");
-    }
-}
-
-TEST_F(CustomDefaultConfigTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", {.enabled = 1});
-    add("1", {.enabled = 0});
-    EXPECT_EQ(object_counting(1), "{\n"
-                                  "                \"enabled\": false\n"
-                                  "}");
-}
-
 TEST_F(CustomDefaultConfigTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const std::uint8_t enabled : {std::uint8_t{2}, std::uint8_t{128}, std::uint8_t{255}}) {
@@ -67,13 +35,6 @@ TEST_F(CustomDefaultConfigTo, WritesAnySwitchButZeroAsTrue)
                             "                \"enabled\": true\n"
                             "}");
     }
-}
-
-TEST_F(CustomDefaultConfigTo, SurvivesFailingMemory)
-{
-    add("0", {.enabled = 1});
-    add("1", {.enabled = 0});
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"enabled": true, "id": "never read"})";
@@ -104,10 +65,6 @@ TEST_F(CustomDefaultConfigFrom, RefusesWhatIsNoBoolean)
         EXPECT_TRUE(rejects(with(document, "enabled", other), "enabled", "data type must be a valid boolean"));
     EXPECT_TRUE(untouched(record().enabled));
 }
-
-TEST_F(CustomDefaultConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(CustomDefaultConfigFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -8,10 +8,6 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
-
 constexpr kelmora_daily_reboot sample{.hour = 4, .minute = 30, .enable = 1, .delay = 0};
 
 class DailyRebootTo : public ToTest<kelmora_daily_reboot> {
@@ -38,31 +34,6 @@ TEST_F(DailyRebootTo, WritesSortedKeysIndentedWithoutAnId)
                       "]");
 }
 
-TEST_F(DailyRebootTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(DailyRebootTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", sample).hour = 5;
-    add("2", sample).hour = 6;
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all, AllOf(HasSubstr("\"hour\": 4"), HasSubstr("\"hour\": 5"), HasSubstr("\"hour\": 6")));
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(DailyRebootTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1", sample).hour = 5;
-    EXPECT_THAT(object_counting(1), AllOf(Not(HasSubstr("\"hour\": 4")), HasSubstr("\"hour\": 5")));
-}
-
 TEST_F(DailyRebootTo, WritesTheTimeAsSignedAndAnySwitchButZeroAsTrue)
 {
     add("0", {.hour = -1, .minute = -2147483648, .enable = 2, .delay = 255});
@@ -72,13 +43,6 @@ TEST_F(DailyRebootTo, WritesTheTimeAsSignedAndAnySwitchButZeroAsTrue)
                         "                \"hour\": -1,\n"
                         "                \"minute\": -2147483648\n"
                         "}");
-}
-
-TEST_F(DailyRebootTo, SurvivesFailingMemory)
-{
-    add("0", sample);
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] =
@@ -152,10 +116,6 @@ TEST_F(DailyRebootFrom, TakesATimeThatNoClockShows)
     EXPECT_EQ(record().hour, 25);
     EXPECT_EQ(record().minute, -61);
 }
-
-TEST_F(DailyRebootFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(DailyRebootFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -105,32 +105,6 @@ TEST_F(DatetimeTo, WritesAListOfEntries)
                       "]");
 }
 
-TEST_F(DatetimeTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("clock", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(DatetimeTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all, AllOf(HasSubstr("\"id\": \"a\""), HasSubstr("\"id\": \"b\""), HasSubstr("\"id\": \"c\"")));
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(DatetimeTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("a", with_two_zones());
-    add("b", sample);
-    EXPECT_THAT(object_counting(1), AllOf(HasSubstr("\"id\": \"b\""), HasSubstr("\"timezone_list\": []"),
-                                          Not(HasSubstr("\"id\": \"a\"")), Not(HasSubstr("region"))));
-}
-
 TEST_F(DatetimeTo, WritesTimeAndZoneNumbersAsUnsigned)
 {
     add("clock", with_zones({{.id = 4294967295, .region = "Mars"}})).datetime = 4294967295;
@@ -213,13 +187,6 @@ TEST_F(DatetimeTo, WritesAllZonesInTheirOrder)
         place = text.find("\"id\": " + std::to_string(id) + ",", place);
         ASSERT_NE(place, std::string::npos) << id;
     }
-}
-
-TEST_F(DatetimeTo, SurvivesFailingMemory)
-{
-    fill_whole(add("a", with_two_zones()).timezone, 'z'); // cutting takes an allocation of the library's own
-    add("b", with_two_zones());
-    expect_survives_failing_memory();
 }
 
 TEST_F(DatetimeTo, SurvivesFailingMemoryWithATextThatNeedsALargerBuffer)
@@ -367,10 +334,6 @@ TEST_F(DatetimeFrom, StoresTheFirst7CharactersOfALongTimezone)
     EXPECT_TRUE(accepts(R"({"timezone": "0123456789"})"));
     EXPECT_STREQ(record().timezone, "0123456");
 }
-
-TEST_F(DatetimeFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(DatetimeFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

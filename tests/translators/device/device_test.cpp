@@ -41,34 +41,6 @@ TEST_F(DeviceTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(DeviceTo, RepeatsTheHeadForEveryEntryOfAList)
-{
-    add("main", sample);
-    add("other", {.model = "another", .uptime = 7, .leds = 1});
-    const std::string head = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + head + "]");
-    EXPECT_EQ(list_counting(2), "[" + head + ", " + head + "]");
-    EXPECT_EQ(list_counting(3), "[" + head + ", " + head + ", " + head + "]");
-}
-
-TEST_F(DeviceTo, MakesAsManyEntriesAsCountedOfASingleNode)
-{
-    add("main", sample);
-    const std::string head = sample_text;
-    EXPECT_EQ(list_counting(3), "[" + head + ", " + head + ", " + head + "]");
-}
-
-TEST_F(DeviceTo, WritesTheHeadAloneWhenNoListIsAskedFor)
-{
-    add("main", sample);
-    add("other", {.model = "another", .uptime = 7, .leds = 1});
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(object_counting(20), sample_text);
-    EXPECT_EQ(object_counting(0), "{}");
-}
-
 TEST_F(DeviceTo, WritesTheUptimeAsUnsigned)
 {
     add("", {.uptime = 4294967295});
@@ -127,13 +99,6 @@ TEST_F(DeviceTo, GrowsTheBufferForManyEntries)
         expected += ", " + std::string(sample_text);
     EXPECT_EQ(list_counting(64), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(DeviceTo, SurvivesFailingMemory)
-{
-    fill_whole(add("main", sample).alias, 'a'); // a text that must be cut takes an allocation of the library's own
-    add("other", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -250,10 +215,6 @@ TEST_F(DeviceFrom, TakesOnlyTrueForTrue)
 }
 
 TEST_F(DeviceFrom, CutsTheAliasToItsField) { expect_string("alias", record().alias); }
-
-TEST_F(DeviceFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(DeviceFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

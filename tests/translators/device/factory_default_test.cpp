@@ -22,19 +22,6 @@ TEST_F(FactoryDefaultTo, WritesAnArrayWhateverIsAskedFor)
     EXPECT_EQ(object(), R"([{"id": "reset", "pressedTime": 10}])");
 }
 
-TEST_F(FactoryDefaultTo, WritesOneObjectANodeWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b").pressedTime = 11;
-    add("c").pressedTime = 12;
-    constexpr char all[] =
-        R"([{"id": "a", "pressedTime": 10}, {"id": "b", "pressedTime": 11}, {"id": "c", "pressedTime": 12}])";
-    for (const std::uint32_t count : {0U, 1U, 3U, 100U}) {
-        EXPECT_EQ(list_counting(count), all) << count;
-        EXPECT_EQ(object_counting(count), all) << count;
-    }
-}
-
 TEST_F(FactoryDefaultTo, WritesTheTimeAsSigned)
 {
     add("a").pressedTime = -1;
@@ -42,26 +29,6 @@ TEST_F(FactoryDefaultTo, WritesTheTimeAsSigned)
     add("c").pressedTime = 2147483647;
     EXPECT_EQ(list(), R"([{"id": "a", "pressedTime": -1}, {"id": "b", "pressedTime": -2147483648}, )"
                       R"({"id": "c", "pressedTime": 2147483647}])");
-}
-
-TEST_F(FactoryDefaultTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_EQ(list(), R"([{"id": ")" + std::string(128, 'n') + R"(", "pressedTime": 10}])");
-}
-
-TEST_F(FactoryDefaultTo, LeavesOutAnIdThatIsNotUtf8)
-{
-    add("caf\xE9", sample);
-    EXPECT_EQ(list(), R"([{"pressedTime": 10}])");
-}
-
-TEST_F(FactoryDefaultTo, SurvivesFailingMemory)
-{
-    add("a", sample);
-    add("b", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"pressedTime": 5, "id": "never read"})";
@@ -95,10 +62,6 @@ TEST_F(FactoryDefaultFrom, FetchesTheRecordOnlyWhenThereIsATime)
 }
 
 TEST_F(FactoryDefaultFrom, CutsTheTimeToItsWidth) { expect_integer("pressedTime", record().pressedTime); }
-
-TEST_F(FactoryDefaultFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FactoryDefaultFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

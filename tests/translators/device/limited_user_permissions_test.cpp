@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -49,37 +48,6 @@ TEST_F(LimitedUserPermissionsTo, WritesAnEmptyChainAsAnEmptyArray)
     EXPECT_EQ(list(), "[" + std::string(empty_text) + "]");
 }
 
-TEST_F(LimitedUserPermissionsTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample());
-    add("1");
-    add("2", sample());
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(list_counting(2), "[" + first + ", " + empty_text + "]");
-    EXPECT_EQ(list(), "[" + first + ", " + empty_text + ", " + first + "]");
-}
-
-TEST_F(LimitedUserPermissionsTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample());
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(LimitedUserPermissionsTo, LeavesTheLastChainInTheObjectWhenNoListIsAskedFor)
-{
-    add_permission("interface", 2);
-    add("1", sample());
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1),
-              R"({"limited_user_permissions": [{"resource_name": "interface", "resource_id": 2}]})");
-    add("2");
-    EXPECT_EQ(object(), empty_text);
-}
-
 TEST_F(LimitedUserPermissionsTo, WritesNumbersAsUnsigned)
 {
     add_permission("", 4294967295);
@@ -122,32 +90,6 @@ TEST_F(LimitedUserPermissionsTo, LeavesOutANameThatIsNotUtf8)
 {
     add_permission("caf\xE9", 3);
     EXPECT_EQ(object(), R"({"limited_user_permissions": [{"resource_id": 3}]})");
-}
-
-TEST_F(LimitedUserPermissionsTo, SurvivesFailingMemory)
-{
-    add("0", sample());
-    add("1", sample());
-    expect_survives_failing_memory();
-}
-
-class LimitedUserPermissionsFrom : public FromTest<kelmora_limited_user_permissions> {
-protected:
-    LimitedUserPermissionsFrom() : FromTest(limited_user_permissions_from_translator, sample_text) {}
-};
-
-TEST_F(LimitedUserPermissionsFrom, AcceptsAnythingAndTouchesNothing)
-{
-    record() = sample();
-    const Entry *chain = record().limited_user_permissions;
-    const std::string before = image();
-    for (const char *text : {"", "{", sample_text, empty_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_EQ(record().limited_user_permissions, chain);
-        EXPECT_EQ(image(), before);
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(limited_user_permissions_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -89,38 +89,6 @@ TEST_F(LimitsTo, WritesAnEmptyArrayForAnEmptyChain)
                       "]");
 }
 
-TEST_F(LimitsTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", with_wifi_limits({{.radio_id = "r0", .value = 1}}));
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(LimitsTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample).qos_rules = 11;
-    add("1", sample).qos_rules = 12;
-    add("2", sample).qos_rules = 13;
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all,
-                AllOf(HasSubstr("\"qos_rules\": 11"), HasSubstr("\"qos_rules\": 12"), HasSubstr("\"qos_rules\": 13")));
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(LimitsTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", with_wifi_limits({{.radio_id = "r0", .value = 1}, {.radio_id = "r1", .value = 2}}));
-    add("1", with_wifi_limits({{.radio_id = "r2", .value = 3}}));
-    EXPECT_THAT(object_counting(1), AllOf(Not(HasSubstr("r0")), Not(HasSubstr("r1")), HasSubstr("r2")));
-}
-
-TEST_F(LimitsTo, WritesNoId)
-{
-    add("the id", sample);
-    EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"id\"")), Not(HasSubstr("the id"))));
-}
-
 TEST_F(LimitsTo, WritesIntegersAsSigned)
 {
     kelmora_limits limits = with_wifi_limits({{.radio_id = "", .value = least}, {.radio_id = "", .value = most}});
@@ -181,15 +149,6 @@ TEST_F(LimitsTo, GrowsTheBufferForALongChain)
     EXPECT_GT(text.size(), 4096U);
     EXPECT_EQ(reallocations_, 1U);
     EXPECT_THAT(text, AllOf(HasSubstr("\"value\": 1\n"), HasSubstr("\"value\": 64\n"), testing::EndsWith("]\n}")));
-}
-
-TEST_F(LimitsTo, SurvivesFailingMemory)
-{
-    kelmora_limits &limits =
-        add("0", with_wifi_limits({{.radio_id = "r0", .value = 1}, {.radio_id = "r1", .value = 2}}));
-    fill_whole(limits.wifi_limits->radio_id, 'r'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -405,10 +364,6 @@ TEST_F(LimitsFrom, ReportsThatThereIsNoMemoryForAnEntryAndKeepsTheChainWhole)
     EXPECT_TRUE(rejects(text, "wifi_limits", "out of memory"));
     EXPECT_THAT(chain(), ElementsAre(Pair("r1", 0), Pair("r0", 0)));
 }
-
-TEST_F(LimitsFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(LimitsFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Limits, WritesBackTheEntriesInTheReverseOrder)
 {

@@ -43,33 +43,6 @@ TEST_F(MpInfoTo, NeverWritesThePassword)
     EXPECT_THAT(list(), AllOf(Not(HasSubstr("password")), Not(HasSubstr("brass"))));
 }
 
-TEST_F(MpInfoTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", {.info = "first"});
-    add("1", {.info = "second"});
-    constexpr char all[] = "[\n"
-                           "                {\n"
-                           "                                \"info\": \"first\"\n"
-                           "                },\n"
-                           "                {\n"
-                           "                                \"info\": \"second\"\n"
-                           "                }\n"
-                           "]";
-    EXPECT_EQ(list_counting(0), all);
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(2), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(MpInfoTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", {.info = "first"});
-    add("1", {.info = "second"});
-    EXPECT_EQ(object_counting(0), "{\n"
-                                  "                \"info\": \"second\"\n"
-                                  "}");
-}
-
 TEST_F(MpInfoTo, CutsTheInformationToOneByteLessThanItsField)
 {
     fill_whole(add("0", sample).info, 'i');
@@ -87,13 +60,6 @@ TEST_F(MpInfoTo, LeavesOutInformationWhoseCutSplitsACharacter)
     mp_info.info[125] = '\xC3'; // the first byte of a two-byte character: the last that is written
     mp_info.info[126] = '\xA4';
     EXPECT_EQ(object(), "{}");
-}
-
-TEST_F(MpInfoTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).info, 'i'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"password": "copper lamp", "info": "never read", "id": "never read"})";
@@ -122,10 +88,6 @@ TEST_F(MpInfoFrom, StoresNothingWithoutThePassword)
 }
 
 TEST_F(MpInfoFrom, CutsThePasswordToItsField) { expect_string("password", record().password); }
-
-TEST_F(MpInfoFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(MpInfoFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -26,10 +26,6 @@ constexpr char sample_text[] =
     R"({"id": "wan", "enabled": true, "port": 8443, "enable_ip_range": false, "rangeStart": "198.51.100.16", )"
     R"("rangeEnd": "198.51.100.31", "ipv6Enabled": true, "pingWan": false})";
 
-constexpr char cleared_text[] =
-    R"({"id": "second", "enabled": false, "port": 0, "enable_ip_range": false, "rangeStart": "", "rangeEnd": "", )"
-    R"("ipv6Enabled": false, "pingWan": false})";
-
 class RemoteWebAccessTo : public ToTest<kelmora_remote_web_access> {
 protected:
     RemoteWebAccessTo() : ToTest(remote_web_access_to_translator) {}
@@ -40,34 +36,6 @@ TEST_F(RemoteWebAccessTo, WritesTheKeysInOrder)
     add("wan", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(RemoteWebAccessTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("wan", sample);
-    add("second");
-    add("wan", sample);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(list_counting(2), "[" + first + ", " + cleared_text + "]");
-    EXPECT_EQ(list(), "[" + first + ", " + cleared_text + ", " + first + "]");
-}
-
-TEST_F(RemoteWebAccessTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("wan", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(RemoteWebAccessTo, WritesAllNodesIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("second");
-    add("wan", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), cleared_text);
 }
 
 TEST_F(RemoteWebAccessTo, WritesThePortAsUnsigned)
@@ -129,13 +97,6 @@ TEST_F(RemoteWebAccessTo, WritesSlashesAndOtherScriptsAsTheyAre)
 {
     set(add("wan", sample).rangeStart, "10.0.0.0/8 ä");
     EXPECT_THAT(object(), HasSubstr(R"("rangeStart": "10.0.0.0/8 ä")"));
-}
-
-TEST_F(RemoteWebAccessTo, SurvivesFailingMemory)
-{
-    fill_whole(add("wan", sample).rangeStart, 's'); // to cut a text takes an allocation of the library's own
-    add("wan", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -272,10 +233,6 @@ TEST_F(RemoteWebAccessFrom, CutsTextsToTheirField)
     expect_string("rangeStart", record().rangeStart);
     expect_string("rangeEnd", record().rangeEnd);
 }
-
-TEST_F(RemoteWebAccessFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(RemoteWebAccessFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 /// Documents that clear the range switch: the range is then optional.
 class RemoteWebAccessWithoutRange : public RemoteWebAccessFrom {

@@ -22,15 +22,6 @@ constexpr char sample_text[] = "[\n"
                                "                }\n"
                                "]";
 
-constexpr char both_text[] = "[\n"
-                             "                {\n"
-                             "                                \"username\": \"admin\"\n"
-                             "                },\n"
-                             "                {\n"
-                             "                                \"username\": \"guest\"\n"
-                             "                }\n"
-                             "]";
-
 class SessionTo : public ToTest<kelmora_session> {
 protected:
     SessionTo() : ToTest(session_to_translator) {}
@@ -41,31 +32,6 @@ TEST_F(SessionTo, WritesAnArrayOfOneObjectWhetherOrNotAListIsAskedFor)
     add("0", sample);
     EXPECT_EQ(list(), sample_text);
     EXPECT_EQ(object(), sample_text);
-}
-
-TEST_F(SessionTo, WritesAnObjectForEachNodeWhetherOrNotAListIsAskedFor)
-{
-    add("0", sample);
-    add("1", {.username = "guest"});
-    EXPECT_EQ(list(), both_text);
-    EXPECT_EQ(object(), both_text);
-}
-
-TEST_F(SessionTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", {.username = "guest"});
-    for (const std::uint32_t count : {0U, 1U, 3U, 4294967295U}) {
-        EXPECT_EQ(list_counting(count), both_text);
-        EXPECT_EQ(object_counting(count), both_text);
-    }
-}
-
-TEST_F(SessionTo, WritesTheHeadThoughTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), sample_text);
-    EXPECT_EQ(object_counting(0), sample_text);
 }
 
 TEST_F(SessionTo, NeverWritesThePasswordTheTokenOrTheId)
@@ -126,13 +92,6 @@ TEST_F(SessionTo, GrowsTheBufferForManySessions)
     EXPECT_EQ(text.size(), 5698U); // 64 objects of 87 characters, 63 times ",\n", "[\n" and "\n]"
     EXPECT_THAT(text, testing::EndsWith("\"admin\"\n                }\n]"));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(SessionTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).username, 'u'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -230,14 +189,6 @@ TEST_F(SessionFrom, FetchesTheRecordOnceWhateverTheText)
     EXPECT_TRUE(accepts(document));
     EXPECT_EQ(fetches_, 1U);
 }
-
-TEST_F(SessionFrom, KeepsTheCommonContract)
-{
-    fetches_without_document_ = 1;
-    expect_common_contract();
-}
-
-TEST_F(SessionFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -44,32 +44,6 @@ TEST_F(SyslogTo, WritesSortedKeysIndentedAndEscapedWithoutAnId)
     EXPECT_EQ(list(), sample_list);
 }
 
-TEST_F(SyslogTo, WritesTheHeadEvenWhenTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), sample_list);
-    EXPECT_EQ(object_counting(0), sample_text);
-}
-
-TEST_F(SyslogTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", sample).port = 515;
-    add("2", sample).port = 516;
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all, AllOf(HasSubstr("\"port\": 514"), HasSubstr("\"port\": 515"), HasSubstr("\"port\": 516")));
-    EXPECT_EQ(list_counting(0), all);
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(SyslogTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample).port = 515;
-    add("1", sample);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(SyslogTo, WritesThePortAsSignedAndTheSeverityAsUnsigned)
 {
     add("0", {.enabled = 255, .port = -1, .severity_level = 4294967295});
@@ -97,13 +71,6 @@ TEST_F(SyslogTo, LeavesOutAServerWhoseCutSplitsACharacter)
     syslog.server[253] = '\xC3'; // the first byte of a two-byte character: the last that is written
     syslog.server[254] = '\xA4';
     EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"server\"")), HasSubstr("\"port\": 514")));
-}
-
-TEST_F(SyslogTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).server, 's'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 // The long text comes first: jansson's parser must find its room there, where a failure costs it but a character. At
@@ -163,10 +130,6 @@ TEST_F(SyslogFrom, CutsIntegersToTheirWidth)
 }
 
 TEST_F(SyslogFrom, CutsTheServerToItsField) { expect_string("server", record().server); }
-
-TEST_F(SyslogFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(SyslogFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Syslog, WritesBackThePortThatWasStored)
 {

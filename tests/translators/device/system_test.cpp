@@ -116,34 +116,6 @@ TEST_F(SystemTo, WritesAnySwitchButZeroAsTrue)
     EXPECT_THAT(object(), Not(HasSubstr("false")));
 }
 
-TEST_F(SystemTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("first", sample);
-    add("second", sample);
-    add("third", sample);
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all,
-                AllOf(HasSubstr("\"id\": \"first\""), HasSubstr("\"id\": \"second\""), HasSubstr("\"id\": \"third\"")));
-    EXPECT_EQ(list_counting(0), all);
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(SystemTo, WritesTheHeadEvenWhenTheCountIsZero)
-{
-    add("main", sample);
-    EXPECT_THAT(list_counting(0), HasSubstr("\"id\": \"main\""));
-    EXPECT_THAT(object_counting(0), HasSubstr("\"id\": \"main\""));
-}
-
-TEST_F(SystemTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("first", {.dmz_enabled = 1, .dmz_ip4 = "192.168.10.41"});
-    add("second", {.dmz_ip4 = "192.168.10.42"});
-    EXPECT_THAT(object_counting(1), AllOf(Not(HasSubstr("first")), HasSubstr("\"id\": \"second\""),
-                                          Not(HasSubstr("192.168.10.41")), HasSubstr("192.168.10.42")));
-}
-
 TEST_F(SystemTo, CutsTextsToOneByteLessThanTheirField)
 {
     kelmora_system &system = add("");
@@ -164,13 +136,6 @@ TEST_F(SystemTo, LeavesOutTextsThatAreNotUtf8)
                                           "                                \"enabled\": true\n"
                                           "                },\n"),
                                 Not(HasSubstr("upnp_wan_if"))));
-}
-
-TEST_F(SystemTo, SurvivesFailingMemory)
-{
-    fill_whole(add("main", sample).dmz_ip4, '4'); // a text that must be cut takes an allocation of the library's own
-    add("other", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -284,10 +249,6 @@ TEST_F(SystemFrom, CutsTextsToTheirField)
     expect_string("upnp_wan_if", record().upnp_wan_if);
     expect_string("dmz.ip4", record().dmz_ip4);
 }
-
-TEST_F(SystemFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(SystemFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

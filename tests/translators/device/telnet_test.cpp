@@ -52,10 +52,6 @@ TEST_F(TelnetFrom, StoresTheFirst47CharactersOfALongPassword)
     EXPECT_STREQ(record().password, "01234567890123456789012345678901234567890123456");
 }
 
-TEST_F(TelnetFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(TelnetFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
-
 TEST(TelnetTo, SucceedsAndWritesNothing)
 {
     kelmora_host::Node node("0", kelmora_host::Record(kelmora_telnet{.enable = 1, .password = "a kettle"}));

@@ -10,18 +10,12 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr kelmora_user sample{.username = "admin", .password = "nine lighthouses", .is_privileged = 1};
 
 constexpr char sample_text[] =
     R"({"id": "0", "username": "admin", "password": "nine lighthouses", "is_privileged": true})";
-
-constexpr char both_text[] =
-    R"([{"id": "0", "username": "admin", "password": "nine lighthouses", "is_privileged": true}, )"
-    R"({"id": "1", "username": "guest", "password": "", "is_privileged": false}])";
 
 class UserTo : public ToTest<kelmora_user> {
 protected:
@@ -33,30 +27,6 @@ TEST_F(UserTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(UserTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", {.username = "guest"});
-    EXPECT_EQ(list(), both_text);
-    for (const std::uint32_t count : {0U, 1U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), both_text);
-}
-
-TEST_F(UserTo, WritesTheHeadThoughTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(object_counting(0), sample_text);
-    EXPECT_EQ(list_counting(0), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(UserTo, WritesAllNodesIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("1", {.username = "guest"});
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
 }
 
 TEST_F(UserTo, KeepsAnEarlierNodesTextWhereTheLastHasNoneToShow)
@@ -114,13 +84,6 @@ TEST_F(UserTo, GrowsTheBufferForManyUsers)
     EXPECT_EQ(text.size(), 64 * (sizeof sample_text - 1) + 63 * 2 + 2);
     EXPECT_THAT(text, testing::EndsWith(std::string(sample_text) + "]"));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(UserTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).password, 'p'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -200,10 +163,6 @@ TEST_F(UserFrom, StoresTheFirst32Characters)
     EXPECT_STREQ(record().password, "98765432109876543210987654321098");
     EXPECT_TRUE(untouched(record().is_privileged));
 }
-
-TEST_F(UserFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(UserFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

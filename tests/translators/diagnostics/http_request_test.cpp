@@ -49,31 +49,6 @@ TEST_F(HttpRequestTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(HttpRequestTo, WritesTheHeadThoughTheCountIsZero)
-{
-    add("0", sample());
-    EXPECT_EQ(list_counting(0), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(0), sample_text);
-}
-
-TEST_F(HttpRequestTo, WritesEveryNodeWithTheHeadsIdWhateverTheCountSays)
-{
-    add("0", sample());
-    add("1");
-    for (const std::uint32_t count : {0U, 1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) +
-                                            R"(, {"id": "0", "dest": "", "mesh_session": false, "method": 0, )"
-                                            R"("timeout": 0, "token": "", "status": 0, "body": ""}])");
-}
-
-TEST_F(HttpRequestTo, LeavesTheLastNodeUnderTheHeadsIdInTheObjectWhenNoListIsAskedFor)
-{
-    add("0");
-    add("1", sample());
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(0), sample_text);
-}
-
 TEST_F(HttpRequestTo, WritesNoBodyAsAnEmptyText)
 {
     add("0", without_body);
@@ -137,13 +112,6 @@ TEST_F(HttpRequestTo, LeavesOutTextsThatAreNotUtf8OrWhoseCutSplitsACharacter)
     request.token[127] = '\xC3';
     request.token[128] = '\xA4';
     EXPECT_EQ(object(), R"({"mesh_session": true, "method": 3, "timeout": 15, "status": 200, "body": ""})");
-}
-
-TEST_F(HttpRequestTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).token, 't'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample());
-    expect_survives_failing_memory();
 }
 
 TEST_F(HttpRequestTo, SurvivesFailingMemoryWithABodyThatNeedsALargerBuffer)
@@ -424,10 +392,6 @@ TEST_F(HttpRequestFrom, ReportsABodyThatNoMemoryIsLeftFor)
         EXPECT_STREQ(record().body, "before");
     }
 }
-
-TEST_F(HttpRequestFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(HttpRequestFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

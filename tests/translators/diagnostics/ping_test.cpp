@@ -50,24 +50,6 @@ constexpr char sample_text[] = R"({
                 "ttl": 57
 })";
 
-constexpr char empty_text[] = R"({
-                "avg_time": 0.0,
-                "deadline_seconds": 0,
-                "hops_limit": 0,
-                "host": "",
-                "interfaceID": "",
-                "ip": "",
-                "ip6": false,
-                "max_time": 0.0,
-                "min_time": 0.0,
-                "packet_size": 0,
-                "packets_lost_percent": 0.0,
-                "packets_qty": 0,
-                "packets_received": 0,
-                "packets_sent": 0,
-                "ttl": 0
-})";
-
 constexpr char both_text[] = R"([
                 {
                                 "avg_time": 18.75,
@@ -116,36 +98,6 @@ TEST_F(PingTo, WritesSortedKeysIndentedAndEscaped)
     EXPECT_EQ(object(), sample_text);
     add("1");
     EXPECT_EQ(list(), both_text);
-}
-
-TEST_F(PingTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(PingTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), both_text);
-}
-
-TEST_F(PingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
-TEST_F(PingTo, WritesNoId)
-{
-    add("the id", sample);
-    EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"id\"")), Not(HasSubstr("the id"))));
 }
 
 TEST_F(PingTo, WritesIntegersAsSigned)
@@ -244,13 +196,6 @@ TEST_F(PingTo, WritesTwentyPingsIntoALargerBuffer)
     }
     EXPECT_EQ(list(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(PingTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).ip, 'p'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -391,10 +336,6 @@ TEST_F(PingFrom, StoresTheFirst255CharactersOfALongHost)
     EXPECT_TRUE(accepts(R"({"host": ")" + std::string(254, 'h') + "x" + std::string(45, 'y') + "\"}"));
     EXPECT_EQ(record().host, std::string(254, 'h') + "x");
 }
-
-TEST_F(PingFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(PingFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -164,40 +164,10 @@ TEST_F(TracerouteTo, WritesSortedKeysIndentedAndEscaped)
     EXPECT_EQ(list(), both_text);
 }
 
-TEST_F(TracerouteTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample());
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
 TEST_F(TracerouteTo, WritesNoHopsAsAnEmptyArray)
 {
     add("0");
     EXPECT_EQ(object(), empty_text);
-}
-
-TEST_F(TracerouteTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample());
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), both_text);
-}
-
-TEST_F(TracerouteTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
-TEST_F(TracerouteTo, WritesNoId)
-{
-    add("the id", sample());
-    EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"id\"")), Not(HasSubstr("the id"))));
 }
 
 TEST_F(TracerouteTo, WritesLimitsAsSigned)
@@ -305,13 +275,6 @@ TEST_F(TracerouteTo, WritesALongWayInOrderIntoALargerBuffer)
     EXPECT_EQ(text.find("\"hop\":", place + 1), std::string::npos);
     EXPECT_THAT(text, testing::EndsWith("\"packet_len\": 0\n}"));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(TracerouteTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).hop_list->ip, 'p'); // a cut text takes an allocation of the library's own
-    add("1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -435,10 +398,6 @@ TEST_F(TracerouteFrom, StoresTheFirst255CharactersOfALongHost)
     EXPECT_TRUE(accepts(R"({"host": ")" + std::string(254, 'h') + "x" + std::string(45, 'y') + "\"}"));
     EXPECT_EQ(record().host, std::string(254, 'h') + "x");
 }
-
-TEST_F(TracerouteFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(TracerouteFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

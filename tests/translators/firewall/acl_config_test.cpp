@@ -55,40 +55,6 @@ TEST_F(AclConfigTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(AclConfigTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("first", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(AclConfigTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("first", sample);
-    add("second");
-    add("third", sample);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(list_counting(2), "[" + first + ", " + empty_text + "]");
-    EXPECT_THAT(list(), HasSubstr(std::string(empty_text) + R"(, {"id": "third")"));
-}
-
-TEST_F(AclConfigTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("first", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(AclConfigTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("second");
-    add("first", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(AclConfigTo, WritesPortsAsUnsigned)
 {
     add("", {.service_telnet = {.port = 65535},
@@ -169,13 +135,6 @@ TEST_F(AclConfigTo, WritesALongListIntoALargerBuffer)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(AclConfigTo, SurvivesFailingMemory)
-{
-    fill_whole(add("first", sample).interfaceID, 'i'); // a cut text takes an allocation of the library's own
-    add("second", sample);
-    expect_survives_failing_memory();
 }
 
 // The first long text has not just 14 characters: see expect_survives_failing_memory.
@@ -351,10 +310,6 @@ TEST_F(AclConfigFrom, CutsTextsToTheirField)
     expect_string("ip_start_addr", record().ip_start_addr);
     expect_string("ip_end_addr", record().ip_end_addr);
 }
-
-TEST_F(AclConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(AclConfigFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -81,32 +81,6 @@ TEST_F(DdnsTo, WritesAListOfAccounts)
                       "]");
 }
 
-TEST_F(DdnsTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(DdnsTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 100U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(DdnsTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("9", {.provider = 7, .hostname = "gone"});
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(DdnsTo, WritesAllNumbersAsUnsignedInTheirWidth)
 {
     add("0", {.provider = 4294967295,
@@ -173,13 +147,6 @@ TEST_F(DdnsTo, GrowsTheBufferForALongList)
     }
     EXPECT_EQ(list(), pretty_array(expected));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(DdnsTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).password, 'p'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -297,10 +264,6 @@ TEST_F(DdnsFrom, CutsTextsToTheirField)
     expect_string("username", record().username);
     expect_string("password", record().password);
 }
-
-TEST_F(DdnsFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(DdnsFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Ddns, TakesBackWhatItWrote)
 {

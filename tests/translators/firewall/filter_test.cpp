@@ -78,32 +78,6 @@ TEST_F(FilterTo, WritesAListOfRules)
                       "]");
 }
 
-TEST_F(FilterTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("7", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(FilterTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 100U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(FilterTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("6", {.description = "gone", .port_start = 77});
-    add("7", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(FilterTo, WritesCodesAsUnsignedAndPortsAsSigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -156,13 +130,6 @@ TEST_F(FilterTo, GrowsTheBufferForALongList)
     }
     EXPECT_EQ(list(), pretty_array(expected));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(FilterTo, SurvivesFailingMemory)
-{
-    fill_whole(add("7", sample).description, 'd'); // cutting takes an allocation of the library's own
-    add("8", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -269,10 +236,6 @@ TEST_F(FilterFrom, CutsTextsToTheirField)
     expect_string("description", record().description);
     expect_string("target", record().target);
 }
-
-TEST_F(FilterFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FilterFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Filter, TakesBackWhatItWrote)
 {

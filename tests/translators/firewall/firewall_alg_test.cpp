@@ -10,10 +10,6 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
-
 constexpr kelmora_firewall_alg sample{
     .ftp_enabled = 1,
     .tftp_enabled = 0,
@@ -78,32 +74,6 @@ TEST_F(FirewallAlgTo, WritesAListOfEntries)
                       "]");
 }
 
-TEST_F(FirewallAlgTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(FirewallAlgTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 100U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(FirewallAlgTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("other", {.sip_enabled = 1});
-    add("alg/0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(FirewallAlgTo, WritesEachSwitchOfItsOwnAndAnyButZeroAsTrue)
 {
     expect_switches({
@@ -116,23 +86,6 @@ TEST_F(FirewallAlgTo, WritesEachSwitchOfItsOwnAndAnyButZeroAsTrue)
         {"sip_enabled", &kelmora_firewall_alg::sip_enabled},
         {"pptp_enabled", &kelmora_firewall_alg::pptp_enabled},
     });
-}
-
-TEST_F(FirewallAlgTo, CutsTheIdAndLeavesItOutWhenTheCutSplitsACharacter)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'i') + '"'));
-    nodes_.front().resource()->id[127] = '\xC3'; // the first byte of a two-byte character: the last that is written
-    nodes_.front().resource()->id[128] = '\xA4';
-    EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"id\"")), HasSubstr("\"ftp_enabled\": true")));
-}
-
-TEST_F(FirewallAlgTo, SurvivesFailingMemory)
-{
-    add("a", sample);
-    add("b", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -204,10 +157,6 @@ TEST_F(FirewallAlgFrom, TakesOnlyTrueForTrue)
     expect_boolean("sip_enabled", record().sip_enabled);
     expect_boolean("pptp_enabled", record().pptp_enabled);
 }
-
-TEST_F(FirewallAlgFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallAlgFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(FirewallAlg, TakesBackWhatItWrote)
 {

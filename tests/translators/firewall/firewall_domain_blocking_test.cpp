@@ -49,25 +49,6 @@ TEST_F(FirewallDomainBlockingTo, WritesNoDomainsAsAnEmptyArray)
     EXPECT_EQ(list(), "[" + std::string(empty_text) + "]");
 }
 
-TEST_F(FirewallDomainBlockingTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list(), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(4294967295), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(FirewallDomainBlockingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-}
-
 TEST_F(FirewallDomainBlockingTo, WritesAnySwitchButZeroAsTrue)
 {
     expect_switches({{"enable", &kelmora_firewall_domain_blocking::enable}});
@@ -111,13 +92,6 @@ TEST_F(FirewallDomainBlockingTo, WritesManyDomainsIntoALargerBuffer)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(FirewallDomainBlockingTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).domains->domain, 'd'); // a cut text takes an allocation of the library's own
-    add("1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] =
@@ -271,10 +245,6 @@ TEST_F(FirewallDomainBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
     EXPECT_TRUE(rejects(document, "domains", "out of memory"));
     EXPECT_THAT(domains(), ElementsAre("shop.example.org"));
 }
-
-TEST_F(FirewallDomainBlockingFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallDomainBlockingFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

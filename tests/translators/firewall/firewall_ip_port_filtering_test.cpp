@@ -71,29 +71,6 @@ TEST_F(FirewallIpPortFilteringTo, WritesNoRulesAsAnEmptyArray)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(FirewallIpPortFilteringTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(FirewallIpPortFilteringTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    nodes_.clear();
-    add("1");
-    add("0", sample());
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(FirewallIpPortFilteringTo, WritesAllNumbersAsUnsignedInTheirWidth)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -170,13 +147,6 @@ TEST_F(FirewallIpPortFilteringTo, WritesAllRulesInTheirOrderIntoALargerBuffer)
         ASSERT_NE(place, std::string::npos) << protocol;
     }
     EXPECT_THAT(text, EndsWith("}]}"));
-}
-
-TEST_F(FirewallIpPortFilteringTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).filter_lists->dest_ip_address, 'd'); // cutting takes an allocation of its own
-    add("1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -420,10 +390,6 @@ TEST_F(FirewallIpPortFilteringFrom, CutsTextsToTheirField)
     expect_member_string("dest_ip_address", &Rule::dest_ip_address);
     expect_member_string("interface_index", &Rule::interface_index);
 }
-
-TEST_F(FirewallIpPortFilteringFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallIpPortFilteringFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(FirewallIpPortFiltering, TakesBackWhatItWrote)
 {

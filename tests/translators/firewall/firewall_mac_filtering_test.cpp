@@ -58,29 +58,6 @@ TEST_F(FirewallMacFilteringTo, WritesNoRulesAsAnEmptyArray)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(FirewallMacFilteringTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(FirewallMacFilteringTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    nodes_.clear();
-    add("1");
-    add("0", sample());
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(FirewallMacFilteringTo, WritesCodesAsUnsigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -131,13 +108,6 @@ TEST_F(FirewallMacFilteringTo, WritesAllRulesInTheirOrderIntoALargerBuffer)
         ASSERT_NE(place, std::string::npos) << direction;
     }
     EXPECT_THAT(text, EndsWith("}]}"));
-}
-
-TEST_F(FirewallMacFilteringTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).entry->source_mac, 's'); // cutting takes an allocation of the library's own
-    add("1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -323,10 +293,6 @@ TEST_F(FirewallMacFilteringFrom, CutsTextsToTheirField)
     expect_member_string("source_mac", &Rule::source_mac);
     expect_member_string("destination_mac", &Rule::destination_mac);
 }
-
-TEST_F(FirewallMacFilteringFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallMacFilteringFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(FirewallMacFiltering, TakesBackWhatItWrote)
 {

@@ -8,9 +8,7 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr char on_text[] = "{\n"
                            "                \"enabled\": true,\n"
@@ -46,30 +44,6 @@ TEST_F(FirewallPortForwardingEnableTo, WritesOneObjectANodeIntoAList)
     EXPECT_EQ(list(), both_text);
 }
 
-TEST_F(FirewallPortForwardingEnableTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("first", {.enabled = 1});
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(FirewallPortForwardingEnableTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("first", {.enabled = 1});
-    add("second");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), both_text);
-}
-
-TEST_F(FirewallPortForwardingEnableTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("second");
-    add("wan/Zürich", {.enabled = 1});
-    EXPECT_EQ(object(), on_text);
-    EXPECT_EQ(object_counting(1), on_text);
-}
-
 TEST_F(FirewallPortForwardingEnableTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const int on : {1, 2, 128, 255}) {
@@ -77,24 +51,6 @@ TEST_F(FirewallPortForwardingEnableTo, WritesAnySwitchButZeroAsTrue)
         add("").enabled = static_cast<std::uint8_t>(on);
         EXPECT_THAT(object(), HasSubstr("\"enabled\": true"));
     }
-}
-
-TEST_F(FirewallPortForwardingEnableTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("");
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + '"'));
-    nodes_.front().resource()->id[127] = '\xC3'; // the first byte of a two-byte character: the last that is written
-    nodes_.front().resource()->id[128] = '\xA4';
-    EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"id\"")), HasSubstr("\"enabled\": false")));
-}
-
-TEST_F(FirewallPortForwardingEnableTo, SurvivesFailingMemory)
-{
-    add("first", {.enabled = 1});
-    fill_whole(nodes_.front().resource()->id, 'n'); // a cut text takes an allocation of the library's own
-    add("second");
-    expect_survives_failing_memory();
 }
 
 class FirewallPortForwardingEnableFrom : public FromTest<kelmora_firewall_port_forwarding_enable> {
@@ -129,10 +85,6 @@ TEST_F(FirewallPortForwardingEnableFrom, TakesOnlyTrueForTrue)
     EXPECT_TRUE(accepts(R"({"enabled": 1})"));
     EXPECT_EQ(record().enabled, 0);
 }
-
-TEST_F(FirewallPortForwardingEnableFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallPortForwardingEnableFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

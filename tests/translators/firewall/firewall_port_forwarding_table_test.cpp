@@ -45,34 +45,6 @@ TEST_F(FirewallPortForwardingTableTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(FirewallPortForwardingTableTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("rule0", sample);
-    add("rule1");
-    add("rule2", sample);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(list_counting(2), "[" + first + ", " + empty_text + "]");
-    EXPECT_THAT(list(), HasSubstr(std::string(empty_text) + R"(, {"id": "rule2")"));
-}
-
-TEST_F(FirewallPortForwardingTableTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("rule0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(FirewallPortForwardingTableTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("rule1");
-    add("rule0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(FirewallPortForwardingTableTo, WritesIntegersAsUnsigned)
 {
     add("", {.local_port_from = 65535,
@@ -130,13 +102,6 @@ TEST_F(FirewallPortForwardingTableTo, WritesALongListIntoALargerBuffer)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(FirewallPortForwardingTableTo, SurvivesFailingMemory)
-{
-    fill_whole(add("rule0", sample).comment, 'c'); // a cut text takes an allocation of the library's own
-    add("rule1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -233,10 +198,6 @@ TEST_F(FirewallPortForwardingTableFrom, StoresTheFirst19CharactersOfALongInterfa
     EXPECT_TRUE(accepts(with(document, "interface", R"("0123456789abcdefghij")")));
     EXPECT_STREQ(record().interface, "0123456789abcdefghi");
 }
-
-TEST_F(FirewallPortForwardingTableFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallPortForwardingTableFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

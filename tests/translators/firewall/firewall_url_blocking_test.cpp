@@ -53,25 +53,6 @@ TEST_F(FirewallUrlBlockingTo, WritesEmptyListsAsEmptyArrays)
     EXPECT_EQ(list(), "[" + std::string(empty_text) + "]");
 }
 
-TEST_F(FirewallUrlBlockingTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list(), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(4294967295), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(FirewallUrlBlockingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-}
-
 TEST_F(FirewallUrlBlockingTo, WritesAnySwitchButZeroAsTrue)
 {
     expect_switches({{"enable", &kelmora_firewall_url_blocking::enable}});
@@ -118,13 +99,6 @@ TEST_F(FirewallUrlBlockingTo, WritesManyUrlsIntoALargerBuffer)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(FirewallUrlBlockingTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).urls->url, 'u'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -322,10 +296,6 @@ TEST_F(FirewallUrlBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
     EXPECT_THAT(urls(), ElementsAre("http://news.example.net/feed", "example.net"));
     EXPECT_THAT(keywords(), ElementsAre("poker"));
 }
-
-TEST_F(FirewallUrlBlockingFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(FirewallUrlBlockingFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

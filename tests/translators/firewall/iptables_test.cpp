@@ -115,32 +115,6 @@ TEST_F(IptablesTo, WritesAListOfRules)
                       "]");
 }
 
-TEST_F(IptablesTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("7", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(IptablesTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 100U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(IptablesTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("6", {.chain = 9, .source_ip = "gone"});
-    add("7", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(IptablesTo, WritesCodesAsUnsignedAndPositionAndPortsAsSigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -217,13 +191,6 @@ TEST_F(IptablesTo, GrowsTheBufferForALongList)
     }
     EXPECT_EQ(list(), pretty_array(expected));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(IptablesTo, SurvivesFailingMemory)
-{
-    fill_whole(add("7", sample).url, 'u'); // cutting takes an allocation of the library's own
-    add("8", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -456,10 +423,6 @@ TEST_F(IptablesFrom, CutsTextsToTheirField)
     expect_string("destination.interface", record().destination_interface);
     expect_string("url", record().url);
 }
-
-TEST_F(IptablesFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(IptablesFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Iptables, TakesBackWhatItWrote)
 {

@@ -39,30 +39,6 @@ TEST_F(Ipv6AclCapabilityTo, WritesEightServicesEvenWhenAllAreEmpty)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(Ipv6AclCapabilityTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("first", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(Ipv6AclCapabilityTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("first", sample);
-    add("second");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(Ipv6AclCapabilityTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("first", sample);
-    add("second");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(Ipv6AclCapabilityTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const int on : {1, 2, 128, 255}) {
@@ -82,13 +58,6 @@ TEST_F(Ipv6AclCapabilityTo, CutsEachServiceToSixCharacters)
                                     R"("hhhhhh"]})"));
 }
 
-TEST_F(Ipv6AclCapabilityTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("");
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr(R"({"id": ")" + std::string(128, 'n') + R"(", "ipv6_acl_capability")"));
-}
-
 TEST_F(Ipv6AclCapabilityTo, LeavesOutTextsWhoseCutSplitsACharacter)
 {
     kelmora_ipv6_acl_capability &capability = add("first", sample);
@@ -100,13 +69,6 @@ TEST_F(Ipv6AclCapabilityTo, LeavesOutTextsWhoseCutSplitsACharacter)
     nodes_.front().resource()->id[128] = '\xA4';
     EXPECT_EQ(object(), R"({"ipv6_acl_capability": true, )"
                         R"("available_services": ["telnet", "", "http", "https", "ping", "ssh", "g/ä"]})");
-}
-
-TEST_F(Ipv6AclCapabilityTo, SurvivesFailingMemory)
-{
-    fill_whole(add("first", sample).available_services[7], 's'); // cutting takes an allocation of the library's own
-    add("second", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -151,10 +113,6 @@ TEST_F(Ipv6AclCapabilityFrom, NeverReadsTheServices)
 }
 
 TEST_F(Ipv6AclCapabilityFrom, TakesOnlyTrueForTrue) { expect_boolean("ipv6_acl_capability", record().capability); }
-
-TEST_F(Ipv6AclCapabilityFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6AclCapabilityFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -77,39 +77,6 @@ TEST_F(Ipv6AclConfigTo, WritesOneObjectANodeIntoAList)
     EXPECT_EQ(list(), "[\n" + std::string(entry_text) + ",\n" + entry_text + "\n]");
 }
 
-TEST_F(Ipv6AclConfigTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("first", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(Ipv6AclConfigTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("second");
-    add("third", sample);
-    EXPECT_EQ(list_counting(1), "[\n" + std::string(entry_text) + "\n]");
-    EXPECT_THAT(list_counting(2), AllOf(HasSubstr(entry_text), HasSubstr("\"id\": \"third\"")));
-}
-
-TEST_F(Ipv6AclConfigTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("second");
-    EXPECT_EQ(list_counting(5), "[\n" + std::string(entry_text) + "\n]");
-    nodes_.clear();
-    add("first", sample);
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Ipv6AclConfigTo, LeavesTheLastCountedNodesValuesWhenNoListIsAskedFor)
-{
-    add("second");
-    add("first", sample);
-    add("third");
-    EXPECT_EQ(object_counting(2), sample_text);
-}
-
 TEST_F(Ipv6AclConfigTo, WritesThePrefixLengthAsUnsigned)
 {
     add("", {.ip6_prefix_length = 255});
@@ -153,13 +120,6 @@ TEST_F(Ipv6AclConfigTo, LeavesOutATextThatIsNotUtf8)
 {
     set(add("first", sample).interfaceID, "\xE9");
     EXPECT_THAT(object(), AllOf(Not(HasSubstr("interfaceID")), HasSubstr("\"id\": \"first\"")));
-}
-
-TEST_F(Ipv6AclConfigTo, SurvivesFailingMemory)
-{
-    fill_whole(add("first", sample).interfaceID, 'i'); // a cut text takes an allocation of the library's own
-    add("second", sample);
-    expect_survives_failing_memory();
 }
 
 // The first long text has not just 14 characters: see expect_survives_failing_memory.
@@ -271,10 +231,6 @@ TEST_F(Ipv6AclConfigFrom, CutsTextsToTheirField)
     expect_string("interfaceID", record().interfaceID);
     expect_string("ip6_start_addr", record().ip6_start_addr);
 }
-
-TEST_F(Ipv6AclConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6AclConfigFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

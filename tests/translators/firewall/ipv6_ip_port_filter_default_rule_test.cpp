@@ -10,13 +10,9 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::HasSubstr;
-
 constexpr kelmora_ipv6_ip_port_filter_default_rule sample{.default_incoming_action = 1, .default_outgoing_action = 2};
 
 constexpr char sample_text[] = R"({"id": "0", "default_incoming_action": 1, "default_outgoing_action": 2})";
-
-constexpr char empty_text[] = R"({"id": "1", "default_incoming_action": 0, "default_outgoing_action": 0})";
 
 class Ipv6IpPortFilterDefaultRuleTo : public ToTest<kelmora_ipv6_ip_port_filter_default_rule> {
 protected:
@@ -30,49 +26,10 @@ TEST_F(Ipv6IpPortFilterDefaultRuleTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(Ipv6IpPortFilterDefaultRuleTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(Ipv6IpPortFilterDefaultRuleTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-}
-
 TEST_F(Ipv6IpPortFilterDefaultRuleTo, WritesCodesAsUnsigned)
 {
     add("", {.default_incoming_action = 4294967295, .default_outgoing_action = 4294967294});
     EXPECT_EQ(object(), R"({"id": "", "default_incoming_action": 4294967295, "default_outgoing_action": 4294967294})");
-}
-
-TEST_F(Ipv6IpPortFilterDefaultRuleTo, CutsTheId)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_THAT(object(), HasSubstr(R"({"id": ")" + std::string(128, 'i') + R"(", "default_incoming_action")"));
-}
-
-TEST_F(Ipv6IpPortFilterDefaultRuleTo, LeavesOutAnIdThatIsNotUtf8)
-{
-    add("\xE9", sample);
-    EXPECT_EQ(object(), R"({"default_incoming_action": 1, "default_outgoing_action": 2})");
-}
-
-TEST_F(Ipv6IpPortFilterDefaultRuleTo, SurvivesFailingMemory)
-{
-    add("0", sample);
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 // The long text comes first on purpose: where memory fails once, the JSON library may lose a character of the first
@@ -126,10 +83,6 @@ TEST_F(Ipv6IpPortFilterDefaultRuleFrom, CutsIntegersToTheirWidth)
     expect_integer("default_incoming_action", record().default_incoming_action);
     expect_integer("default_outgoing_action", record().default_outgoing_action);
 }
-
-TEST_F(Ipv6IpPortFilterDefaultRuleFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6IpPortFilterDefaultRuleFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Ipv6IpPortFilterDefaultRule, TakesBackWhatItWrote)
 {

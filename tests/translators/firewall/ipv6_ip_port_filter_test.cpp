@@ -36,11 +36,6 @@ constexpr char sample_text[] =
     R"("dst_ipv6": {"start": "2001:db8:2::1", "end": "2001:db8:2::9", "prefix_length": 128}, )"
     R"("source_port": {"from": 1024, "to": 2048}, "destination_port": {"from": 443, "to": 444}})";
 
-constexpr char empty_text[] = R"({"id": "1", "interface_id": "", "direction": 0, "protocol": 0, "rule_action": 0, )"
-                              R"("src_ipv6": {"start": "", "end": "", "prefix_length": 0}, )"
-                              R"("dst_ipv6": {"start": "", "end": "", "prefix_length": 0}, )"
-                              R"("source_port": {"from": 0, "to": 0}, "destination_port": {"from": 0, "to": 0}})";
-
 class Ipv6IpPortFilterTo : public ToTest<kelmora_ipv6_ip_port_filter> {
 protected:
     Ipv6IpPortFilterTo() : ToTest(ipv6_ip_port_filter_to_translator) {}
@@ -51,25 +46,6 @@ TEST_F(Ipv6IpPortFilterTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(Ipv6IpPortFilterTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(Ipv6IpPortFilterTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), empty_text);
 }
 
 TEST_F(Ipv6IpPortFilterTo, WritesAllNumbersAsUnsignedInTheirWidth)
@@ -132,13 +108,6 @@ TEST_F(Ipv6IpPortFilterTo, GrowsTheBufferForALongList)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Ipv6IpPortFilterTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).dst_end, 'e'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -246,10 +215,6 @@ TEST_F(Ipv6IpPortFilterFrom, CutsTextsToTheirField)
     expect_string("dst_ipv6.start", record().dst_start);
     expect_string("dst_ipv6.end", record().dst_end);
 }
-
-TEST_F(Ipv6IpPortFilterFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6IpPortFilterFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Ipv6IpPortFilter, TakesBackWhatItWrote)
 {

@@ -42,34 +42,6 @@ TEST_F(NatportredirectTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(NatportredirectTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("redirect0", sample);
-    add("redirect1");
-    add("redirect2", sample);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(list_counting(2), "[" + first + ", " + empty_text + "]");
-    EXPECT_THAT(list(), HasSubstr(std::string(empty_text) + R"(, {"id": "redirect2")"));
-}
-
-TEST_F(NatportredirectTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("redirect0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(NatportredirectTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("redirect1");
-    add("redirect0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(NatportredirectTo, WritesIntegersAsUnsigned)
 {
     add("", {.protocol = 4294967295,
@@ -126,13 +98,6 @@ TEST_F(NatportredirectTo, WritesALongListIntoALargerBuffer)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(NatportredirectTo, SurvivesFailingMemory)
-{
-    fill_whole(add("redirect0", sample).description, 'd'); // a cut text takes an allocation of the library's own
-    add("redirect1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -268,10 +233,6 @@ TEST_F(NatportredirectFrom, CutsTextsToTheirField)
     expect_string("description", record().description);
     expect_string("internalIP", record().internalIP);
 }
-
-TEST_F(NatportredirectFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(NatportredirectFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -86,18 +86,6 @@ TEST_F(ParentalControlTo, WritesAnEmptyChainAsAnEmptyArray)
     EXPECT_EQ(list(), empty_text);
 }
 
-TEST_F(ParentalControlTo, WritesTheHeadAsAnObjectWhateverIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(list(), sample_text);
-    for (const std::uint32_t count : {0U, 1U, 3U, 4294967295U}) {
-        EXPECT_EQ(object_counting(count), sample_text);
-        EXPECT_EQ(list_counting(count), sample_text);
-    }
-}
-
 TEST_F(ParentalControlTo, WritesAnySwitchButZeroAsTrue)
 {
     expect_switches({{"enabled", &kelmora_parental_control::enabled}});
@@ -160,12 +148,6 @@ TEST_F(ParentalControlTo, WritesManyRulesIntoALargerBuffer)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(ParentalControlTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).parental_control_list->username, 'u'); // a cut text takes an allocation of our own
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -473,10 +455,6 @@ TEST_F(ParentalControlFrom, StoresWhatItGivesOut)
     EXPECT_EQ(rule().minutes_end, 45);
     EXPECT_STREQ(rule().next->username, "Ben");
 }
-
-TEST_F(ParentalControlFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(ParentalControlFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

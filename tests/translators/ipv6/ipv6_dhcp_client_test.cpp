@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -19,8 +18,6 @@ constexpr kelmora_ipv6_dhcp_client sample{
 constexpr char sample_text[] = R"({"id": "0", "ip_address": "2001:db8:4c:1700::164", )"
                                R"("duid": "00:03:00:01:5c:e9:31:0a:77:d2", "aging_time": 71934})";
 
-constexpr char empty_text[] = R"({"id": "1", "ip_address": "", "duid": "", "aging_time": 0})";
-
 class Ipv6DhcpClientTo : public ToTest<kelmora_ipv6_dhcp_client> {
 protected:
     Ipv6DhcpClientTo() : ToTest(ipv6_dhcp_client_to_translator) {}
@@ -31,27 +28,6 @@ TEST_F(Ipv6DhcpClientTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(Ipv6DhcpClientTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(5), "[" + first + ", " + empty_text + "]");
-    EXPECT_EQ(object_counting(4294967295), empty_text);
-}
-
-TEST_F(Ipv6DhcpClientTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("1");
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
 }
 
 TEST_F(Ipv6DhcpClientTo, WritesTheAgingTimeAsUnsigned)
@@ -96,28 +72,6 @@ TEST_F(Ipv6DhcpClientTo, GrowsTheBufferForManyClients)
     }
     EXPECT_EQ(list(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Ipv6DhcpClientTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).duid, 'd'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
-}
-
-class Ipv6DhcpClientFrom : public FromTest<kelmora_ipv6_dhcp_client> {
-protected:
-    Ipv6DhcpClientFrom() : FromTest(ipv6_dhcp_client_from_translator, sample_text) {}
-};
-
-TEST_F(Ipv6DhcpClientFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", sample_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(ipv6_dhcp_client_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -20,26 +20,6 @@ TEST_F(Ipv6DhcpRelayTo, WritesTheInterfaceAndNoId)
     EXPECT_EQ(list(), R"([{"interfaceID": "wan0"}])");
 }
 
-TEST_F(Ipv6DhcpRelayTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", {.interfaceID = "wan0"});
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), R"([{"interfaceID": "wan0"}])");
-    EXPECT_EQ(object_counting(1), R"({"interfaceID": "wan0"})");
-    EXPECT_EQ(list_counting(2), R"([{"interfaceID": "wan0"}, {"interfaceID": ""}])");
-    EXPECT_EQ(list_counting(5), R"([{"interfaceID": "wan0"}, {"interfaceID": ""}])");
-    EXPECT_EQ(object_counting(4294967295), R"({"interfaceID": ""})");
-}
-
-TEST_F(Ipv6DhcpRelayTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", {.interfaceID = "wan0"});
-    add("1", {.interfaceID = "wan1"});
-    EXPECT_EQ(object(), R"({"interfaceID": "wan1"})");
-}
-
 TEST_F(Ipv6DhcpRelayTo, CutsTheInterfaceToOneByteLessThanItsField)
 {
     fill_whole(add("0").interfaceID, 'i');
@@ -60,13 +40,6 @@ TEST_F(Ipv6DhcpRelayTo, WritesOtherScriptsAndSlashesAsTheyAre)
 {
     set(add("0").interfaceID, "Büro/\"2\" 北");
     EXPECT_EQ(object(), "{\"interfaceID\": \"Büro/\\\"2\\\" 北\"}");
-}
-
-TEST_F(Ipv6DhcpRelayTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0").interfaceID, 'i'); // a text that must be cut takes an allocation of the library's own
-    add("1", {.interfaceID = "wan0"});
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"interfaceID": "wan5", "id": "never read"})";
@@ -91,10 +64,6 @@ TEST_F(Ipv6DhcpRelayFrom, AsksForTheInterface)
 }
 
 TEST_F(Ipv6DhcpRelayFrom, CutsTheInterfaceToItsField) { expect_string("interfaceID", record().interfaceID); }
-
-TEST_F(Ipv6DhcpRelayFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6DhcpRelayFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -82,32 +82,6 @@ TEST_F(Ipv6DhcpServerTo, WritesEachListFromItsOwnChain)
     EXPECT_THAT(object(), EndsWith(R"(, "domains": [], "dns_servers": ["fe80::1"]})"));
 }
 
-TEST_F(Ipv6DhcpServerTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("br0", sample());
-    add("br1", without_lists);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + other_text + "]");
-}
-
-TEST_F(Ipv6DhcpServerTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("br0", sample());
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Ipv6DhcpServerTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("br0", sample());
-    add("br1", without_lists);
-    EXPECT_EQ(object(), other_text);
-}
-
 TEST_F(Ipv6DhcpServerTo, WritesIntegersAsUnsigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -188,13 +162,6 @@ TEST_F(Ipv6DhcpServerTo, WritesChainsThatOutgrowTheBuffer)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Ipv6DhcpServerTo, SurvivesFailingMemory)
-{
-    fill_whole(add("br0", sample()).domains->domain, 'd'); // a text that must be cut takes an allocation of its own
-    add("br1", sample());
-    expect_survives_failing_memory();
 }
 
 // The longest text first, and never read: it takes the one character that jansson may lose of a text when an allocation
@@ -492,10 +459,6 @@ TEST_F(Ipv6DhcpServerFrom, StoresTheFirstTwoCharactersOfALongDuid)
     EXPECT_TRUE(accepts(with(document, "addresses_config.client_duid", R"("123")")));
     EXPECT_STREQ(record().client_duid, "12");
 }
-
-TEST_F(Ipv6DhcpServerFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6DhcpServerFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

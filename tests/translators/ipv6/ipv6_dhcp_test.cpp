@@ -20,26 +20,6 @@ TEST_F(Ipv6DhcpTo, WritesTheKeysInOrderAndNoId)
     EXPECT_EQ(list(), R"([{"enabled": true, "mode": 2}])");
 }
 
-TEST_F(Ipv6DhcpTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", {.enabled = 1, .mode = 2});
-    add("1", {.enabled = 0, .mode = 3});
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), R"([{"enabled": true, "mode": 2}])");
-    EXPECT_EQ(object_counting(1), R"({"enabled": true, "mode": 2})");
-    EXPECT_EQ(list_counting(2), R"([{"enabled": true, "mode": 2}, {"enabled": false, "mode": 3}])");
-    EXPECT_EQ(list_counting(5), R"([{"enabled": true, "mode": 2}, {"enabled": false, "mode": 3}])");
-    EXPECT_EQ(object_counting(4294967295), R"({"enabled": false, "mode": 3})");
-}
-
-TEST_F(Ipv6DhcpTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", {.enabled = 0, .mode = 3});
-    add("1", {.enabled = 1, .mode = 2});
-    EXPECT_EQ(object(), R"({"enabled": true, "mode": 2})");
-}
-
 TEST_F(Ipv6DhcpTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const int on : {1, 2, 128, 255}) {
@@ -53,13 +33,6 @@ TEST_F(Ipv6DhcpTo, WritesTheModeAsUnsigned)
 {
     add("0", {.mode = 4294967295});
     EXPECT_EQ(object(), R"({"enabled": false, "mode": 4294967295})");
-}
-
-TEST_F(Ipv6DhcpTo, SurvivesFailingMemory)
-{
-    add("0", {.enabled = 1, .mode = 2});
-    add("1", {.enabled = 0, .mode = 3});
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"enabled": true, "mode": 3, "id": "never read"})";
@@ -97,10 +70,6 @@ TEST_F(Ipv6DhcpFrom, MissingModeKeepsTheSwitchStoredBefore)
 TEST_F(Ipv6DhcpFrom, TakesOnlyTrueForTrue) { expect_boolean("enabled", record().enabled); }
 
 TEST_F(Ipv6DhcpFrom, CutsIntegersToTheirWidth) { expect_integer("mode", record().mode); }
-
-TEST_F(Ipv6DhcpFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6DhcpFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -18,8 +18,6 @@ constexpr kelmora_ipv6_prefix_delegation sample{
 
 constexpr char sample_text[] = R"({"mode": 1, "prefix": "2001:db8:4c:1700::/56", "interfaceID": "wan0"})";
 
-constexpr char empty_text[] = R"({"mode": 0, "prefix": "", "interfaceID": ""})";
-
 class Ipv6PrefixDelegationTo : public ToTest<kelmora_ipv6_prefix_delegation> {
 protected:
     Ipv6PrefixDelegationTo() : ToTest(ipv6_prefix_delegation_to_translator) {}
@@ -30,27 +28,6 @@ TEST_F(Ipv6PrefixDelegationTo, WritesTheKeysInOrderAndNoId)
     add("br0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(Ipv6PrefixDelegationTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("br0", sample);
-    add("br1");
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(5), "[" + first + ", " + empty_text + "]");
-    EXPECT_EQ(object_counting(4294967295), empty_text);
-}
-
-TEST_F(Ipv6PrefixDelegationTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("br1");
-    add("br0", sample);
-    EXPECT_EQ(object(), sample_text);
 }
 
 TEST_F(Ipv6PrefixDelegationTo, WritesTheModeAsUnsigned)
@@ -84,13 +61,6 @@ TEST_F(Ipv6PrefixDelegationTo, WritesOtherScriptsAndSlashesAsTheyAre)
     set(add("", sample).interfaceID, "Büro/\"2\" 北");
     EXPECT_EQ(object(), "{\"mode\": 1, \"prefix\": \"2001:db8:4c:1700::/56\", "
                         "\"interfaceID\": \"Büro/\\\"2\\\" 北\"}");
-}
-
-TEST_F(Ipv6PrefixDelegationTo, SurvivesFailingMemory)
-{
-    fill_whole(add("br0", sample).prefix, 'p'); // a text that must be cut takes an allocation of the library's own
-    add("br1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -201,10 +171,6 @@ TEST_F(Ipv6PrefixDelegationFrom, CutsTextsToTheirField)
     expect_cut("prefix", record().prefix);
     expect_cut("interfaceID", record().interfaceID);
 }
-
-TEST_F(Ipv6PrefixDelegationFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6PrefixDelegationFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -61,32 +61,6 @@ TEST_F(Ipv6RadvdTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(Ipv6RadvdTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("br0", sample);
-    add("");
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + empty_text + "]");
-}
-
-TEST_F(Ipv6RadvdTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("br0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Ipv6RadvdTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("br0", sample);
-    add("");
-    EXPECT_EQ(object(), empty_text);
-}
-
 TEST_F(Ipv6RadvdTo, WritesIntegersAsUnsigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -176,13 +150,6 @@ TEST_F(Ipv6RadvdTo, GrowsTheBufferForManyNodes)
     }
     EXPECT_EQ(list(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Ipv6RadvdTo, SurvivesFailingMemory)
-{
-    fill_whole(add("br0", sample).rdnss1, '1'); // a text that must be cut takes an allocation of the library's own
-    add("br1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -470,10 +437,6 @@ TEST_F(Ipv6RadvdFrom, StoresTheFirst16CharactersOfAUniqueLocalPrefix)
     EXPECT_STREQ(record().ula_prefix, "fd12:3456:789a:1");
     EXPECT_EQ(record().ula_prefix_len, 56U);
 }
-
-TEST_F(Ipv6RadvdFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6RadvdFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Ipv6Radvd, WritesBackTheLifetimesThatLastForEver)
 {

@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -65,30 +64,6 @@ TEST_F(Ipv6StaticRouteListTo, WritesAnEmptyTableAsAnEmptyArray)
     EXPECT_EQ(list(), "[" + std::string(empty_text) + "]");
 }
 
-TEST_F(Ipv6StaticRouteListTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample());
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(Ipv6StaticRouteListTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample());
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(Ipv6StaticRouteListTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(Ipv6StaticRouteListTo, WritesIntegersAsUnsigned)
 {
     add_route("0", {.metric = 4294967295, .ref = 65535, .use = 65534});
@@ -139,33 +114,6 @@ TEST_F(Ipv6StaticRouteListTo, WritesALongTableIntoALargerBuffer)
                     std::to_string(ref) + R"(, "use": 0, "interfaceID": ""})" + (ref < 64 ? ", " : "]}");
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Ipv6StaticRouteListTo, SurvivesFailingMemory)
-{
-    // A text that must be cut takes an allocation of the library's own.
-    fill_whole(add("0", sample()).ipv6_static_route_list->flags, 'f');
-    add("1", sample());
-    expect_survives_failing_memory();
-}
-
-class Ipv6StaticRouteListFrom : public FromTest<kelmora_ipv6_static_route_list> {
-protected:
-    Ipv6StaticRouteListFrom() : FromTest(ipv6_static_route_list_from_translator, sample_text) {}
-};
-
-TEST_F(Ipv6StaticRouteListFrom, AcceptsAnythingAndTouchesNothing)
-{
-    record() = sample();
-    const Entry *routes = record().ipv6_static_route_list;
-    const std::string before = image();
-    for (const char *text : {"", "{", sample_text, empty_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_EQ(record().ipv6_static_route_list, routes);
-        EXPECT_EQ(image(), before);
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(ipv6_static_route_list_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -38,34 +38,6 @@ TEST_F(Ipv6StaticRouteTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(Ipv6StaticRouteTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    add("2", sample);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(list_counting(2), "[" + first + ", " + empty_text + "]");
-    EXPECT_THAT(list(), testing::StartsWith("[" + first + ", " + empty_text + R"(, {"id": "2", "enable": true)"));
-}
-
-TEST_F(Ipv6StaticRouteTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Ipv6StaticRouteTo, LeavesTheLastCountedNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("1");
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(Ipv6StaticRouteTo, WritesTheMetricAsUnsigned)
 {
     add("0", {.metric = 4294967295});
@@ -116,13 +88,6 @@ TEST_F(Ipv6StaticRouteTo, GrowsTheBufferForManyRoutes)
     }
     EXPECT_EQ(list(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Ipv6StaticRouteTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).next_hop, 'h'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -231,10 +196,6 @@ TEST_F(Ipv6StaticRouteFrom, StoresTheFirst45And19Characters)
     EXPECT_STREQ(record().next_hop, "012345678901234567890123456789012345678901234");
     EXPECT_STREQ(record().interface, "0123456789012345678");
 }
-
-TEST_F(Ipv6StaticRouteFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Ipv6StaticRouteFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Ipv6StaticRoute, WritesBackTheRouteThatWasStored)
 {

@@ -8,9 +8,7 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr kelmora_neighbour_hosts sample{
     .ip_addr = "2001:db8:4c:1700::64",
@@ -22,10 +20,6 @@ constexpr kelmora_neighbour_hosts sample{
 constexpr char sample_text[] = R"([{"ip_addr": "2001:db8:4c:1700::64", "mac_addr": "5c:e9:31:0a:77:d2", )"
                                R"("interfaceID": "br0", "nud": 2}])";
 
-constexpr char both_text[] = R"([{"ip_addr": "2001:db8:4c:1700::64", "mac_addr": "5c:e9:31:0a:77:d2", )"
-                             R"("interfaceID": "br0", "nud": 2}, )"
-                             R"({"ip_addr": "", "mac_addr": "", "interfaceID": "", "nud": 64}])";
-
 class NeighbourHostsTo : public ToTest<kelmora_neighbour_hosts> {
 protected:
     NeighbourHostsTo() : ToTest(neighbour_hosts_to_translator) {}
@@ -36,29 +30,6 @@ TEST_F(NeighbourHostsTo, WritesAnArrayWithTheKeysInOrderWhetherOrNotAListIsAsked
     add("0", sample);
     EXPECT_EQ(list(), sample_text);
     EXPECT_EQ(object(), sample_text);
-}
-
-TEST_F(NeighbourHostsTo, WritesAnObjectForEachNodeWhateverTheCountSaysAndIsAskedFor)
-{
-    add("0", sample);
-    add("1", {.nud = 64});
-    for (const std::uint32_t count : {0U, 1U, 2U, 3U, 4294967295U}) {
-        EXPECT_EQ(list_counting(count), both_text);
-        EXPECT_EQ(object_counting(count), both_text);
-    }
-}
-
-TEST_F(NeighbourHostsTo, WritesTheHeadThoughTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), sample_text);
-    EXPECT_EQ(object_counting(0), sample_text);
-}
-
-TEST_F(NeighbourHostsTo, WritesNoId)
-{
-    add("the id", sample);
-    EXPECT_THAT(list(), AllOf(Not(HasSubstr("\"id\"")), Not(HasSubstr("the id"))));
 }
 
 TEST_F(NeighbourHostsTo, WritesTheStateAsUnsigned)
@@ -103,13 +74,6 @@ TEST_F(NeighbourHostsTo, GrowsTheBufferForManyNeighbours)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(NeighbourHostsTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).ip_addr, 'p'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -206,10 +170,6 @@ TEST_F(NeighbourHostsFrom, StoresTheFirst46And17And19Characters)
     EXPECT_STREQ(record().mac_addr, "01234567890123456");
     EXPECT_STREQ(record().interfaceID, "0123456789012345678");
 }
-
-TEST_F(NeighbourHostsFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(NeighbourHostsFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

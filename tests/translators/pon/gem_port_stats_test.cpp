@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -17,8 +16,6 @@ constexpr kelmora_gem_port_stats sample{
 constexpr char sample_text[] =
     R"({"flow_id": "7", "pkt_count": 1042, "gemport_id": 1025, "gemport_direction": "upstream"})";
 
-constexpr char empty_text[] = R"({"flow_id": "8", "pkt_count": 0, "gemport_id": 0})";
-
 class GemPortStatsTo : public ToTest<kelmora_gem_port_stats> {
 protected:
     GemPortStatsTo() : ToTest(gem_port_stats_to_translator) {}
@@ -29,17 +26,6 @@ TEST_F(GemPortStatsTo, WritesAnArrayWhateverIsAskedFor)
     add("7", sample);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
     EXPECT_EQ(object(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(GemPortStatsTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("7", sample);
-    add("8");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(object_counting(5), "[" + std::string(sample_text) + ", " + empty_text + "]");
 }
 
 TEST_F(GemPortStatsTo, LeavesOutADirectionThatIsNeitherUpNorDown)
@@ -58,41 +44,6 @@ TEST_F(GemPortStatsTo, WritesNumbersAsUnsigned)
 {
     add("u", {.pkt_count = 4294967295, .gemport_id = 2147483648, .gemport_direction = 0});
     EXPECT_EQ(list(), R"([{"flow_id": "u", "pkt_count": 4294967295, "gemport_id": 2147483648}])");
-}
-
-TEST_F(GemPortStatsTo, CutsAFlowThatFillsItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_EQ(list(), "[" + with(sample_text, "flow_id", '"' + std::string(128, 'i') + '"') + "]");
-}
-
-TEST_F(GemPortStatsTo, LeavesOutAFlowThatIsNotUtf8)
-{
-    add("caf\xE9", sample);
-    EXPECT_EQ(list(), "[" + without(sample_text, "flow_id") + "]");
-}
-
-TEST_F(GemPortStatsTo, SurvivesFailingMemory)
-{
-    add("7", sample);
-    add("8", sample);
-    expect_survives_failing_memory();
-}
-
-class GemPortStatsFrom : public FromTest<kelmora_gem_port_stats> {
-protected:
-    GemPortStatsFrom() : FromTest(gem_port_stats_from_translator, sample_text) {}
-};
-
-TEST_F(GemPortStatsFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", sample_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(gem_port_stats_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

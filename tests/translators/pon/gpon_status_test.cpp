@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -30,20 +29,8 @@ TEST_F(GponStatusTo, WritesAllKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(GponStatusTo, WritesAsManyNodesAsTheHeadCounts)
+TEST_F(GponStatusTo, WritesAnEmptyRecord)
 {
-    add("7", sample);
-    add("8");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(GponStatusTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("7", sample);
     add("8");
     EXPECT_EQ(object(), empty_text);
 }
@@ -96,41 +83,6 @@ TEST_F(GponStatusTo, LeavesOutADescriptionThatIsNotUtf8)
 {
     set(add("7", sample).onu_state_desc, "caf\xE9");
     EXPECT_EQ(object(), R"({"id": "7", "onu_state_id": "O5", "onu_id": 9})");
-}
-
-TEST_F(GponStatusTo, CutsAnIdThatFillsItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
-}
-
-TEST_F(GponStatusTo, LeavesOutAnIdThatIsNotUtf8)
-{
-    add("caf\xE9", sample);
-    EXPECT_EQ(object(), without(sample_text, "id"));
-}
-
-TEST_F(GponStatusTo, SurvivesFailingMemory)
-{
-    add("7", sample);
-    add("8", sample);
-    expect_survives_failing_memory();
-}
-
-class GponStatusFrom : public FromTest<kelmora_gpon_status> {
-protected:
-    GponStatusFrom() : FromTest(gpon_status_from_translator, sample_text) {}
-};
-
-TEST_F(GponStatusFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", sample_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(gpon_status_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

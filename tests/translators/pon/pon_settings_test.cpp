@@ -31,11 +31,6 @@ constexpr char sample_text[] =
     R"("hardware_version": "v2.0", "olt_profile": 3}, )"
     R"("security": {"loid": "customer 4711", "loid_password": "seven herons", "ploam_password": "at dusk"}})";
 
-constexpr char empty_text[] =
-    R"({"id": "8", "mode": "", "oam": {"model_id": "", "vendor_id": "", "onu_id_mac": "", "hardware_version": ""}, )"
-    R"("omci": {"model_id": "", "vendor_id": "", "serial_number": "", "hardware_version": "", "olt_profile": 0}, )"
-    R"("security": {"loid": "", "loid_password": "", "ploam_password": ""}})";
-
 class PonSettingsTo : public ToTest<kelmora_pon_settings> {
 protected:
     PonSettingsTo() : ToTest(pon_settings_to_translator) {}
@@ -46,24 +41,6 @@ TEST_F(PonSettingsTo, WritesAllKeysInOrder)
     add("7", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(PonSettingsTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("7", sample);
-    add("8");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(PonSettingsTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("7", sample);
-    add("8");
-    EXPECT_EQ(object(), empty_text);
 }
 
 TEST_F(PonSettingsTo, CutsTextsThatFillTheirFields)
@@ -89,26 +66,6 @@ TEST_F(PonSettingsTo, LeavesOutATextThatIsNotUtf8)
 {
     set(add("x").loid, "caf\xE9");
     EXPECT_THAT(object(), testing::EndsWith(R"("security": {"loid_password": "", "ploam_password": ""}})"));
-}
-
-TEST_F(PonSettingsTo, CutsAnIdThatFillsItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
-}
-
-TEST_F(PonSettingsTo, LeavesOutAnIdThatIsNotUtf8)
-{
-    add("caf\xE9", sample);
-    EXPECT_EQ(object(), without(sample_text, "id"));
-}
-
-TEST_F(PonSettingsTo, SurvivesFailingMemory)
-{
-    add("7", sample);
-    add("8", sample);
-    expect_survives_failing_memory();
 }
 
 class PonSettingsFrom : public FromTest<kelmora_pon_settings> {
@@ -169,8 +126,6 @@ TEST_F(PonSettingsFrom, StoresEveryKey)
     expect_omci_stored();
     expect_security_stored();
 }
-
-TEST_F(PonSettingsFrom, KeepsTheCommonContract) { expect_common_contract(); }
 
 TEST_F(PonSettingsFrom, AsksForTheModeAndTheGroupsInOrder)
 {
@@ -280,8 +235,6 @@ TEST_F(PonSettingsFrom, CutsTheProfileToAByte)
     EXPECT_TRUE(accepts(with(sample_text, "omci.olt_profile", "257")));
     EXPECT_EQ(record().olt_profile, 1);
 }
-
-TEST_F(PonSettingsFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -1,4 +1,4 @@
-#include "tests/support/from_test.h"
+#include "tests/support/document.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -25,10 +25,6 @@ constexpr char sample_text[] =
     R"({"id": "7", "bias_current": 12.5, "part_number": "OM-3680M", "rx_power": -18.75, "temperature": 41.0, )"
     R"("vendor_name": "Lumenwerk", "tx_power": 2.25, "voltage": 3.2999999523162842, "current_mode": "GPON"})";
 
-constexpr char empty_text[] =
-    R"({"id": "8", "bias_current": 0.0, "part_number": "", "rx_power": 0.0, "temperature": 0.0, )"
-    R"("vendor_name": "", "tx_power": 0.0, "voltage": 0.0, "current_mode": ""})";
-
 class PonStatusTo : public ToTest<kelmora_pon_status> {
 protected:
     PonStatusTo() : ToTest(pon_status_to_translator) {}
@@ -39,24 +35,6 @@ TEST_F(PonStatusTo, WritesAllKeysInOrder)
     add("7", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(PonStatusTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("7", sample);
-    add("8");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(PonStatusTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("7", sample);
-    add("8");
-    EXPECT_EQ(object(), empty_text);
 }
 
 TEST_F(PonStatusTo, LeavesOutReadingsThatAreNoNumbers)
@@ -107,41 +85,6 @@ TEST_F(PonStatusTo, LeavesOutEachTextThatIsNotUtf8)
     status = sample;
     set(status.current_mode, "caf\xE9");
     EXPECT_EQ(object(), without(sample_text, "current_mode"));
-}
-
-TEST_F(PonStatusTo, CutsAnIdThatFillsItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'i');
-    EXPECT_EQ(object(), with_id(sample_text, std::string(128, 'i')));
-}
-
-TEST_F(PonStatusTo, LeavesOutAnIdThatIsNotUtf8)
-{
-    add("caf\xE9", sample);
-    EXPECT_EQ(object(), without(sample_text, "id"));
-}
-
-TEST_F(PonStatusTo, SurvivesFailingMemory)
-{
-    add("7", sample);
-    add("8", sample);
-    expect_survives_failing_memory();
-}
-
-class PonStatusFrom : public FromTest<kelmora_pon_status> {
-protected:
-    PonStatusFrom() : FromTest(pon_status_from_translator, sample_text) {}
-};
-
-TEST_F(PonStatusFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", sample_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(pon_status_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -104,33 +103,6 @@ TEST_F(QosAvailableDscpTo, WritesAListOfEntriesWithTheirOwnChainsAndIds)
                       "]");
 }
 
-TEST_F(QosAvailableDscpTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("dscp", sample());
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(QosAvailableDscpTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample());
-    add("b");
-    add("c", sample());
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(empty_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(QosAvailableDscpTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("dscp", sample());
-    add("empty");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(QosAvailableDscpTo, WritesTheEntrysNumberAsUnsigned)
 {
     add_entry(4294967295, make_text("EF"));
@@ -185,45 +157,10 @@ TEST_F(QosAvailableDscpTo, WritesAllEntriesInTheirOrder)
     EXPECT_THAT(text, Not(HasSubstr("\"id\": 65\n")));
 }
 
-TEST_F(QosAvailableDscpTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", sample());
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + "\",\n"));
-}
-
-TEST_F(QosAvailableDscpTo, SurvivesFailingMemory)
-{
-    add("a", sample());
-    add("b");
-    add("c", sample());
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    expect_survives_failing_memory();
-}
-
 TEST_F(QosAvailableDscpTo, SurvivesFailingMemoryWithATextThatNeedsALargerBuffer)
 {
     add_entry(1, make_text(std::string(4096, 'd')));
     expect_survives_failing_memory();
-}
-
-class QosAvailableDscpFrom : public FromTest<Entries> {
-protected:
-    QosAvailableDscpFrom() : FromTest(qos_available_dscp_from_translator, sample_text) {}
-};
-
-TEST_F(QosAvailableDscpFrom, AcceptsAnythingAndTouchesNothing)
-{
-    record() = sample();
-    const Entry *first = record().first;
-    const std::string before = image();
-    for (const char *text : {"", "{", sample_text, empty_text, "[]", "{}", "nonsense", "null"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_EQ(record().first, first);
-        EXPECT_EQ(image(), before);
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(qos_available_dscp_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

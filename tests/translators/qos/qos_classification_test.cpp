@@ -79,31 +79,6 @@ TEST_F(QosClassificationTo, WritesTheGroupsOfAnEmptyRuleToo)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(QosClassificationTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("rule/ä", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(QosClassificationTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("rule/ä", sample);
-    add("empty");
-    add("rule/ä", sample);
-    for (const std::uint32_t count : {1U, 2U, 3U, 4U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + ", " + sample_text + "]");
-}
-
-TEST_F(QosClassificationTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("rule/ä", sample);
-    add("empty");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(QosClassificationTo, WritesNumbersOfEveryWidthAsUnsigned)
 {
     add("", {
@@ -193,13 +168,6 @@ TEST_F(QosClassificationTo, GrowsTheBufferForManyRules)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(QosClassificationTo, SurvivesFailingMemory)
-{
-    fill_whole(add("a", sample).dst_ip6, 'f'); // cutting takes an allocation of the library's own
-    add("b", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -539,10 +507,6 @@ TEST_F(QosClassificationFrom, CutsTextsToTheirField)
     expect_string("mac.src", record().mac_src);
     expect_string("mac.dst", record().mac_dst);
 }
-
-TEST_F(QosClassificationFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(QosClassificationFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST_F(QosClassificationFrom, DoesNotTakeBackWhatWasWrittenUntilTheOrderIsGone)
 {

@@ -98,33 +98,6 @@ TEST_F(QosPolicyTo, WritesAListOfEntriesWithFourQueuesEach)
                       "]");
 }
 
-TEST_F(QosPolicyTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("policy", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(QosPolicyTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(QosPolicyTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("other");
-    add("policy", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(QosPolicyTo, WritesIntegersAsUnsigned)
 {
     kelmora_qos_policy &policy = add("policy", {.queue_mode = 4294967295, .totalbandwidth = 4294967294});
@@ -151,21 +124,6 @@ TEST_F(QosPolicyTo, WritesEachSwitchFromItsOwnFieldAndAnyButZeroAsTrue)
         EXPECT_THAT(object(),
                     AllOf(Not(HasSubstr(policy_enabled)), HasSubstr(queue_enabled), Not(HasSubstr(total_enabled))));
     }
-}
-
-TEST_F(QosPolicyTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + '"'));
-}
-
-TEST_F(QosPolicyTo, SurvivesFailingMemory)
-{
-    add("a", sample);
-    add("b", sample);
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -349,10 +307,6 @@ TEST_F(QosPolicyFrom, CutsIntegersToTheirWidth)
         expect_integer("queue_config." + std::to_string(i) + ".weight", record().queue_config[i].weight);
     expect_integer("bandwidth_config.totalbandwidth", record().totalbandwidth);
 }
-
-TEST_F(QosPolicyFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(QosPolicyFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(QosPolicy, WritesBackTheLow8BitsOfAWeight)
 {

@@ -73,33 +73,6 @@ TEST_F(QosRuleTo, WritesAListOfEntries)
                       "]");
 }
 
-TEST_F(QosRuleTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("rule0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(QosRuleTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(QosRuleTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("a", sample);
-    add("b", sample).download = 11;
-    EXPECT_THAT(object_counting(1), AllOf(HasSubstr("\"id\": \"b\""), HasSubstr("\"download\": 11,"),
-                                          Not(HasSubstr("\"id\": \"a\"")), Not(HasSubstr("10000"))));
-}
-
 TEST_F(QosRuleTo, WritesCodesAsUnsignedAndRatesAsSigned)
 {
     add("", {.type = 4294967295, .mode = 4294967294, .download = -1, .upload = -2147483648});
@@ -172,13 +145,6 @@ TEST_F(QosRuleTo, GrowsTheBufferForManyRules)
     }
     EXPECT_EQ(list(), pretty_array(expected));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(QosRuleTo, SurvivesFailingMemory)
-{
-    fill_whole(add("a", sample).name, 'r'); // cutting takes an allocation of the library's own
-    add("b", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -274,10 +240,6 @@ TEST_F(QosRuleFrom, CutsTextsToTheirField)
     expect_string("name", record().name);
     expect_string("target", record().target);
 }
-
-TEST_F(QosRuleFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(QosRuleFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -51,37 +51,6 @@ TEST_F(QosTo, WritesAListOfEntries)
                       "]");
 }
 
-TEST_F(QosTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(QosTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("a", sample);
-    add("b", sample);
-    add("c", sample);
-    const std::string all =
-        pretty_array({with_id(sample_text, "a"), with_id(sample_text, "b"), with_id(sample_text, "c")});
-    for (const std::uint32_t count : {1U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), all);
-}
-
-TEST_F(QosTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("a", sample);
-    add("b");
-    EXPECT_EQ(object_counting(1), "{\n"
-                                  "                \"enabled\": false,\n"
-                                  "                \"global_download\": 0,\n"
-                                  "                \"global_upload\": 0,\n"
-                                  "                \"id\": \"b\"\n"
-                                  "}");
-}
-
 TEST_F(QosTo, WritesRatesAsSigned)
 {
     add("0", {.global_download = -1, .global_upload = -2147483648});
@@ -89,34 +58,6 @@ TEST_F(QosTo, WritesRatesAsSigned)
 }
 
 TEST_F(QosTo, WritesAnySwitchButZeroAsTrue) { expect_switches({{"enabled", &kelmora_qos::enabled}}); }
-
-TEST_F(QosTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + '"'));
-}
-
-TEST_F(QosTo, LeavesOutAnIdWhoseCutSplitsACharacter)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n');
-    nodes_.front().resource()->id[127] = '\xC3'; // the first byte of a two-byte character: the last that is written
-    nodes_.front().resource()->id[128] = '\xA4';
-    EXPECT_EQ(object(), "{\n"
-                        "                \"enabled\": true,\n"
-                        "                \"global_download\": 250000,\n"
-                        "                \"global_upload\": 40000\n"
-                        "}");
-}
-
-TEST_F(QosTo, SurvivesFailingMemory)
-{
-    add("a", sample);
-    add("b", sample);
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    expect_survives_failing_memory();
-}
 
 constexpr char document[] = R"({
     "enabled": true, "global_download": 100000, "global_upload": -5, "id": "never read", "download": 7, "upload": 8
@@ -164,10 +105,6 @@ TEST_F(QosFrom, CutsIntegersToTheirWidth)
     expect_integer("global_download", record().global_download);
     expect_integer("global_upload", record().global_upload);
 }
-
-TEST_F(QosFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(QosFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

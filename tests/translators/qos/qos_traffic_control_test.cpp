@@ -63,31 +63,6 @@ TEST_F(QosTrafficControlTo, WritesTheAddressesOfAnEmptyRecordToo)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(QosTrafficControlTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("limit/ä", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(QosTrafficControlTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("limit/ä", sample);
-    add("empty");
-    add("limit/ä", sample);
-    for (const std::uint32_t count : {1U, 2U, 3U, 4U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + ", " + sample_text + "]");
-}
-
-TEST_F(QosTrafficControlTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("limit/ä", sample);
-    add("empty");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(QosTrafficControlTo, WritesNumbersOfEveryWidthAsUnsigned)
 {
     add("", {
@@ -160,13 +135,6 @@ TEST_F(QosTrafficControlTo, GrowsTheBufferForManyLimits)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(QosTrafficControlTo, SurvivesFailingMemory)
-{
-    fill_whole(add("a", sample).ip6_dst_ip, 'd'); // cutting takes an allocation of the library's own
-    add("b", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -360,10 +328,6 @@ TEST_F(QosTrafficControlFrom, CutsTextsToTheirField)
     expect_string("ip6_config.src_ip", record().ip6_src_ip);
     expect_string("ip6_config.dst_ip", record().ip6_dst_ip);
 }
-
-TEST_F(QosTrafficControlFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(QosTrafficControlFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(QosTrafficControl, TakesBackWhatItWrote)
 {

@@ -65,30 +65,6 @@ TEST_F(Tr069ConfigTo, WritesEmptyRecords)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(Tr069ConfigTo, WritesTheHeadWhenTheCountIsZero)
-{
-    add("cwmp", sample);
-    EXPECT_EQ(list_counting(0), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(0), sample_text);
-}
-
-TEST_F(Tr069ConfigTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("cwmp", sample);
-    add("cwmp1");
-    for (const std::uint32_t count : {0U, 1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(Tr069ConfigTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("cwmp1");
-    add("cwmp", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(0), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(Tr069ConfigTo, WritesTheIntervalAsUnsignedAndThePortsAsSigned)
 {
     add("", {.tr069_interval = 4294967295, .conreq_port = -1, .stun_server_port = -2147483648});
@@ -156,13 +132,6 @@ TEST_F(Tr069ConfigTo, NeverWritesTheHostsBlock)
     std::memset(nodes_.front().record().as<kelmora_tr069_config>().host_block, 'x', KELMORA_TR069_HOST_BLOCK_SIZE);
     EXPECT_EQ(object(), with_block);
     EXPECT_THAT(with_block, Not(HasSubstr("host")));
-}
-
-TEST_F(Tr069ConfigTo, SurvivesFailingMemory)
-{
-    fill_whole(add("cwmp", sample).ca_cert, 'c'); // a cut text takes an allocation of the library's own
-    add("cwmp1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -439,10 +408,6 @@ TEST_F(Tr069ConfigFrom, StoresTheFirst4096CharactersOfALongCertificate)
     EXPECT_EQ(std::string(record().ca_cert), std::string(4096, 'c'));
     EXPECT_TRUE(untouched(record().host_block));
 }
-
-TEST_F(Tr069ConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Tr069ConfigFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Tr069Config, TakesBackWhatItWrote)
 {

@@ -15,7 +15,6 @@ namespace {
 using kelmora_host::Error;
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 using Controller = kelmora_tr369_local_agent_controller;
@@ -81,32 +80,6 @@ TEST_F(Tr369LocalAgentControllerTo, WritesNoMtpsAsAnEmptyArray)
 {
     add("controller1");
     EXPECT_EQ(object(), empty_text);
-}
-
-TEST_F(Tr369LocalAgentControllerTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("controller0", sample());
-    add("controller1");
-    add("controller2");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(Tr369LocalAgentControllerTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("controller0", sample());
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Tr369LocalAgentControllerTo, WritesAllNodesIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("controller0", sample());
-    add("controller1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(object_counting(0), "{}");
 }
 
 TEST_F(Tr369LocalAgentControllerTo, WritesNoVariantForAnUnknownProtocol)
@@ -562,10 +535,6 @@ TEST_F(Tr369LocalAgentControllerFrom, WritesNothingBehindATextThatIsCut)
     EXPECT_EQ(websocket_with("path", longer).encryption, 1);
     EXPECT_STREQ(mqtt_with("reference", longer).reference_topic, "the topic");
 }
-
-TEST_F(Tr369LocalAgentControllerFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Tr369LocalAgentControllerFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Tr369LocalAgentController, TakesBackWhatItWrote)
 {

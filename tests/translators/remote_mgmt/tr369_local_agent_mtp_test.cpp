@@ -53,32 +53,6 @@ TEST_F(Tr369LocalAgentMtpTo, WritesAnEmptyMqttConfigForEveryOtherProtocol)
     }
 }
 
-TEST_F(Tr369LocalAgentMtpTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("mtp0", sample);
-    add("mtp1");
-    add("mtp2");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + other_text + "]");
-}
-
-TEST_F(Tr369LocalAgentMtpTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("mtp0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Tr369LocalAgentMtpTo, WritesAllNodesIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("mtp0", sample);
-    add("mtp1");
-    EXPECT_EQ(object(), other_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(object_counting(0), "{}");
-}
-
 TEST_F(Tr369LocalAgentMtpTo, WritesTheQualityOfServiceAsUnsigned)
 {
     add("mtp0", sample).qos = 4294967295;
@@ -120,13 +94,6 @@ TEST_F(Tr369LocalAgentMtpTo, GrowsTheBufferForALongList)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Tr369LocalAgentMtpTo, SurvivesFailingMemory)
-{
-    fill_whole(add("mtp0", sample).reference, 'r'); // a cut text takes an allocation of the library's own
-    add("mtp1");
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -290,10 +257,6 @@ TEST_F(Tr369LocalAgentMtpFrom, CutsTextsToTheirField)
     expect_string("mqtt_config.reference", record().reference);
     expect_string("mqtt_config.reference_topic", record().reference_topic);
 }
-
-TEST_F(Tr369LocalAgentMtpFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Tr369LocalAgentMtpFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -67,32 +67,6 @@ TEST_F(Tr369MqttClientTo, WritesNoSubscriptionsAsAnEmptyArray)
     EXPECT_EQ(object(), empty_text);
 }
 
-TEST_F(Tr369MqttClientTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("client0", sample());
-    add("client1");
-    add("client2");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(Tr369MqttClientTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("client0", sample());
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(Tr369MqttClientTo, WritesAllNodesIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("client0", sample());
-    add("client1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(object_counting(0), "{}");
-}
-
 TEST_F(Tr369MqttClientTo, WritesPortAndKeepAliveAsSignedAndTheRestAsUnsigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -158,13 +132,6 @@ TEST_F(Tr369MqttClientTo, WritesManySubscriptionsIntoALargerBuffer)
                     (qos < 100 ? "}, " : "}]}");
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(Tr369MqttClientTo, SurvivesFailingMemory)
-{
-    fill_whole(add("client0", sample()).subscription->topic, 't'); // a cut text takes an allocation of its own
-    add("client1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -397,10 +364,6 @@ TEST_F(Tr369MqttClientFrom, CutsTextsToTheirField)
     for (const char *json : {"1", "1.5", "true", "null", "{}", "[\"text\"]"})
         EXPECT_STREQ(entry_with("topic", json).topic, "") << json;
 }
-
-TEST_F(Tr369MqttClientFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(Tr369MqttClientFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Tr369MqttClient, TakesBackWhatItWrote)
 {

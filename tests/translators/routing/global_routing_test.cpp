@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -73,33 +72,6 @@ TEST_F(GlobalRoutingTo, WritesAListOfRoutes)
     EXPECT_EQ(list(), two_routes_text);
 }
 
-TEST_F(GlobalRoutingTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    add("2", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(2), two_routes_text);
-    EXPECT_THAT(list_counting(3), HasSubstr("\"id\": \"2\""));
-}
-
-TEST_F(GlobalRoutingTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample);
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-    add("1");
-    EXPECT_EQ(list_counting(5), two_routes_text);
-}
-
-TEST_F(GlobalRoutingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("1");
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(GlobalRoutingTo, WritesTheMetricAsUnsigned)
 {
     add("0").route.metric = 65535;
@@ -128,34 +100,6 @@ TEST_F(GlobalRoutingTo, LeavesOutATextWhoseCutSplitsACharacter)
     routing.route.next_hop[15] = '\xC3'; // the first byte of a two-byte character: the last that is written
     routing.route.next_hop[16] = '\xA4';
     EXPECT_THAT(object(), AllOf(HasSubstr("\"net_mask\""), Not(HasSubstr("\"next_hop\"")), HasSubstr("\"metric\"")));
-}
-
-TEST_F(GlobalRoutingTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).route.destination, 'd'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
-}
-
-class GlobalRoutingFrom : public FromTest<kelmora_global_routing> {
-protected:
-    GlobalRoutingFrom()
-        : FromTest(global_routing_from_translator,
-                   R"({"id": "0", "route": {"destination": "10.40.0.0", "net_mask": "255.255.0.0", )"
-                   R"("next_hop": "192.168.1.3", "metric": 5, "interfaceID": "br1"}})")
-    {
-    }
-};
-
-TEST_F(GlobalRoutingFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const std::string &text :
-         {std::string(), std::string("{"), document_, std::string("{}"), std::string("[]"), std::string("nonsense")}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_EQ(fetches_, 0U);
-        EXPECT_TRUE(untouched(record()));
-    }
-    EXPECT_EQ(global_routing_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -12,24 +12,11 @@ constexpr char on_text[] = "{\n"
                            "                \"enabled\": true\n"
                            "}";
 
-constexpr char off_text[] = "{\n"
-                            "                \"enabled\": false\n"
-                            "}";
-
 constexpr char on_list_text[] = "[\n"
                                 "                {\n"
                                 "                                \"enabled\": true\n"
                                 "                }\n"
                                 "]";
-
-constexpr char on_off_list_text[] = "[\n"
-                                    "                {\n"
-                                    "                                \"enabled\": true\n"
-                                    "                },\n"
-                                    "                {\n"
-                                    "                                \"enabled\": false\n"
-                                    "                }\n"
-                                    "]";
 
 class IgmpMldSnoopingTo : public ToTest<kelmora_igmp_mld_snooping> {
 protected:
@@ -43,29 +30,6 @@ TEST_F(IgmpMldSnoopingTo, WritesTheSwitchAloneWithoutAnId)
     EXPECT_EQ(list(), on_list_text);
 }
 
-TEST_F(IgmpMldSnoopingTo, WritesTheHeadEvenWhenTheCountIsZero)
-{
-    add("0", {.enabled = 1});
-    EXPECT_EQ(object_counting(0), on_text);
-    EXPECT_EQ(list_counting(0), on_list_text);
-}
-
-TEST_F(IgmpMldSnoopingTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", {.enabled = 1});
-    add("1");
-    for (const std::uint32_t count : {0U, 1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), on_off_list_text);
-}
-
-TEST_F(IgmpMldSnoopingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", {.enabled = 1});
-    add("1");
-    EXPECT_EQ(object(), off_text);
-    EXPECT_EQ(object_counting(1), off_text);
-}
-
 TEST_F(IgmpMldSnoopingTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const int on : {2, 128, 255}) {
@@ -73,13 +37,6 @@ TEST_F(IgmpMldSnoopingTo, WritesAnySwitchButZeroAsTrue)
         add("0").enabled = static_cast<std::uint8_t>(on);
         EXPECT_EQ(object(), on_text);
     }
-}
-
-TEST_F(IgmpMldSnoopingTo, SurvivesFailingMemory)
-{
-    add("0", {.enabled = 1});
-    add("1");
-    expect_survives_failing_memory();
 }
 
 class IgmpMldSnoopingFrom : public FromTest<kelmora_igmp_mld_snooping> {
@@ -109,10 +66,6 @@ TEST_F(IgmpMldSnoopingFrom, MissingSwitchStoresNothing)
 }
 
 TEST_F(IgmpMldSnoopingFrom, TakesOnlyTrueForTrue) { expect_boolean("enabled", record().enabled); }
-
-TEST_F(IgmpMldSnoopingFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(IgmpMldSnoopingFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

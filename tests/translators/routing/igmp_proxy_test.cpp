@@ -10,7 +10,6 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr kelmora_igmp_proxy sample{
     .allow_multicast = 1,
@@ -70,30 +69,6 @@ TEST_F(IgmpProxyTo, WritesAListOfEntries)
     EXPECT_EQ(list(), two_proxies_text);
 }
 
-TEST_F(IgmpProxyTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(IgmpProxyTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), two_proxies_text);
-}
-
-TEST_F(IgmpProxyTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("1");
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(IgmpProxyTo, WritesIntegersAsUnsigned)
 {
     add("0", {.robust_count = 4294967295,
@@ -115,25 +90,6 @@ TEST_F(IgmpProxyTo, WritesAnySwitchButZeroAsTrue)
         add("0", sample).allow_multicast = static_cast<std::uint8_t>(on);
         EXPECT_EQ(object(), sample_text);
     }
-}
-
-TEST_F(IgmpProxyTo, CutsAndEscapesTheId)
-{
-    add("zürich/1");
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"z\\u00FCrich\\/1\""));
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + '"'));
-    nodes_.front().resource()->id[127] = '\xC3'; // the first byte of a two-byte character: the last that is written
-    nodes_.front().resource()->id[128] = '\xA4';
-    EXPECT_THAT(object(), Not(HasSubstr("\"id\"")));
-}
-
-TEST_F(IgmpProxyTo, SurvivesFailingMemory)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -197,10 +153,6 @@ TEST_F(IgmpProxyFrom, CutsIntegersToTheirWidth)
     expect_integer("query_response_interval", record().query_response_interval);
     expect_integer("group_leave_delay", record().group_leave_delay);
 }
-
-TEST_F(IgmpProxyFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(IgmpProxyFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

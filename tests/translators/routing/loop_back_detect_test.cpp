@@ -12,8 +12,6 @@ namespace {
 
 using testing::HasSubstr;
 
-using Slot = kelmora_loop_back_detect_vlan;
-
 constexpr kelmora_loop_back_detect sample{
     .enabled = 1,
     .detection_interval = 5,
@@ -40,27 +38,10 @@ TEST_F(LoopBackDetectTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(LoopBackDetectTo, WalksAllNodesWhateverTheCountSays)
+TEST_F(LoopBackDetectTo, WritesAnEmptyRecord)
 {
-    add("0", sample);
-    add("1");
-    for (const std::uint32_t count : {0U, 1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(LoopBackDetectTo, WritesTheHeadEvenWhenTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(object_counting(0), sample_text);
-    EXPECT_EQ(list_counting(0), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(LoopBackDetectTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
     add("1");
     EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
 }
 
 TEST_F(LoopBackDetectTo, WritesTheFrameTypeInHexadecimalAndLosesAFourthDigit)
@@ -128,27 +109,10 @@ TEST_F(LoopBackDetectTo, TakesAnySwitchButZeroForTrue)
     }
 }
 
-TEST_F(LoopBackDetectTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_EQ(object(), R"({"id": ")" + std::string(128, 'n') +
-                            R"(", "enabled": true, "detection_interval": 5, "recovery_interval": 300, )"
-                            R"("frame_type": "0x800", "vlan_list": [7, 8]})");
-}
-
 TEST_F(LoopBackDetectTo, WritesOtherScriptsAndSlashesAsTheyAre)
 {
     add("zürich/1");
     EXPECT_THAT(object(), HasSubstr(R"("id": "zürich/1")"));
-}
-
-TEST_F(LoopBackDetectTo, SurvivesFailingMemory)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -363,10 +327,6 @@ TEST_F(LoopBackDetectFrom, CutsIntegersToTheirWidth)
     expect_integer("detection_interval", record().detection_interval);
     expect_integer("recovery_interval", record().recovery_interval);
 }
-
-TEST_F(LoopBackDetectFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(LoopBackDetectFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -11,8 +11,6 @@ namespace {
 constexpr kelmora_loopback_detect_status sample{.port = "LAN3", .loop_detect = 1};
 
 constexpr char sample_text[] = R"({"id": "0", "port": "LAN3", "loop_detect": true})";
-constexpr char empty_text[] = R"({"id": "1", "port": "", "loop_detect": false})";
-
 class LoopbackDetectStatusTo : public ToTest<kelmora_loopback_detect_status> {
 protected:
     LoopbackDetectStatusTo() : ToTest(loopback_detect_status_to_translator) {}
@@ -23,29 +21,6 @@ TEST_F(LoopbackDetectStatusTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(LoopbackDetectStatusTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1");
-    for (const std::uint32_t count : {0U, 1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(LoopbackDetectStatusTo, WritesTheHeadEvenWhenTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(object_counting(0), sample_text);
-    EXPECT_EQ(list_counting(0), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(LoopbackDetectStatusTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
 }
 
 TEST_F(LoopbackDetectStatusTo, WritesAnySwitchButZeroAsTrue)
@@ -77,13 +52,6 @@ TEST_F(LoopbackDetectStatusTo, WritesOtherScriptsAndSlashesAsTheyAre)
 {
     set(add("0", sample).port, "ü/\"");
     EXPECT_EQ(object(), R"({"id": "0", "port": "ü/\"", "loop_detect": true})");
-}
-
-TEST_F(LoopbackDetectStatusTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).port, 'p'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"id": "never read", "port": "LAN2", "loop_detect": true})";
@@ -131,10 +99,6 @@ TEST_F(LoopbackDetectStatusFrom, CutsAPortOfEightCharactersToFour)
 TEST_F(LoopbackDetectStatusFrom, TakesOnlyTrueForTrue) { expect_boolean("loop_detect", record().loop_detect); }
 
 TEST_F(LoopbackDetectStatusFrom, CutsThePortToItsField) { expect_string("port", record().port); }
-
-TEST_F(LoopbackDetectStatusFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(LoopbackDetectStatusFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

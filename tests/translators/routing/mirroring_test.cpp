@@ -8,9 +8,6 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::HasSubstr;
-using testing::Not;
-
 constexpr kelmora_mirroring sample{.enabled = 1, .mirrored_port = 2, .mirror_port = 4};
 
 constexpr char sample_text[] = "{\n"
@@ -24,32 +21,6 @@ class MirroringTo : public ToTest<kelmora_mirroring> {
 protected:
     MirroringTo() : ToTest(mirroring_to_translator) {}
 };
-
-TEST_F(MirroringTo, WritesOneObjectWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(list(), sample_text);
-}
-
-TEST_F(MirroringTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(MirroringTo, WritesTheHeadAloneOfSeveralNodes)
-{
-    add("0", sample);
-    add("1", {.enabled = 0, .mirrored_port = 7, .mirror_port = 8});
-    add("2");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U}) {
-        EXPECT_EQ(list_counting(count), sample_text);
-        EXPECT_EQ(object_counting(count), sample_text);
-    }
-}
 
 TEST_F(MirroringTo, WritesThePortsAsUnsigned)
 {
@@ -69,25 +40,6 @@ TEST_F(MirroringTo, WritesAnySwitchButZeroAsTrue)
         add("0", sample).enabled = static_cast<std::uint8_t>(on);
         EXPECT_EQ(object(), sample_text);
     }
-}
-
-TEST_F(MirroringTo, CutsAndEscapesTheId)
-{
-    add("zürich/1");
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"z\\u00FCrich\\/1\""));
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr("\"id\": \"" + std::string(128, 'n') + '"'));
-    nodes_.front().resource()->id[127] = '\xC3'; // the first byte of a two-byte character: the last that is written
-    nodes_.front().resource()->id[128] = '\xA4';
-    EXPECT_THAT(object(), Not(HasSubstr("\"id\"")));
-}
-
-TEST_F(MirroringTo, SurvivesFailingMemory)
-{
-    add("", sample);
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"id": "never read", "enabled": true, "mirrored_port": 3, "mirror_port": 5})";
@@ -143,10 +95,6 @@ TEST_F(MirroringFrom, CutsIntegersToTheirWidth)
     expect_integer("mirrored_port", record().mirrored_port);
     expect_integer("mirror_port", record().mirror_port);
 }
-
-TEST_F(MirroringFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(MirroringFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

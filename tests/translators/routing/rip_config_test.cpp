@@ -13,8 +13,6 @@ using testing::HasSubstr;
 constexpr kelmora_rip_config sample{.interfaceID = "br0", .receive_mode = 2, .send_mode = 3};
 
 constexpr char sample_text[] = R"({"id": "0", "interfaceID": "br0", "receive_mode": 2, "send_mode": 3})";
-constexpr char empty_text[] = R"({"id": "1", "interfaceID": "", "receive_mode": 0, "send_mode": 0})";
-
 class RipConfigTo : public ToTest<kelmora_rip_config> {
 protected:
     RipConfigTo() : ToTest(rip_config_to_translator) {}
@@ -25,30 +23,6 @@ TEST_F(RipConfigTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(RipConfigTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(RipConfigTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(RipConfigTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
 }
 
 TEST_F(RipConfigTo, WritesTheModesAsUnsigned)
@@ -78,13 +52,6 @@ TEST_F(RipConfigTo, WritesOtherScriptsAndSlashesAsTheyAre)
 {
     set(add("0", sample).interfaceID, "Büro/\"2\"");
     EXPECT_THAT(object(), HasSubstr("\"interfaceID\": \"Büro/\\\"2\\\"\""));
-}
-
-TEST_F(RipConfigTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).interfaceID, 'i'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"id": "never read", "interfaceID": "br1", "receive_mode": 1, "send_mode": 4})";
@@ -141,10 +108,6 @@ TEST_F(RipConfigFrom, CutsTheModesToTheirWidth)
 }
 
 TEST_F(RipConfigFrom, CutsTheInterfaceToItsField) { expect_string("interfaceID", record().interfaceID); }
-
-TEST_F(RipConfigFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(RipConfigFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -9,8 +9,6 @@ namespace kelmora_test {
 namespace {
 
 constexpr char on_text[] = R"({"id": "0", "enable": true})";
-constexpr char off_text[] = R"({"id": "1", "enable": false})";
-
 class RipEnableTo : public ToTest<kelmora_rip_enable> {
 protected:
     RipEnableTo() : ToTest(rip_enable_to_translator) {}
@@ -23,30 +21,6 @@ TEST_F(RipEnableTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(on_text) + "]");
 }
 
-TEST_F(RipEnableTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", {.enable = 1});
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(RipEnableTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", {.enable = 1});
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(on_text) + ", " + off_text + "]");
-}
-
-TEST_F(RipEnableTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", {.enable = 1});
-    add("1");
-    EXPECT_EQ(object(), off_text);
-    EXPECT_EQ(object_counting(1), off_text);
-}
-
 TEST_F(RipEnableTo, WritesAnySwitchButZeroAsTrue)
 {
     for (const int on : {2, 128, 255}) {
@@ -56,31 +30,10 @@ TEST_F(RipEnableTo, WritesAnySwitchButZeroAsTrue)
     }
 }
 
-TEST_F(RipEnableTo, CutsTheIdToOneByteLessThanItsField)
-{
-    add("", {.enable = 1});
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_EQ(object(), R"({"id": ")" + std::string(128, 'n') + R"(", "enable": true})");
-}
-
-TEST_F(RipEnableTo, LeavesOutAnIdThatIsNotUtf8)
-{
-    add("caf\xE9", {.enable = 1});
-    EXPECT_EQ(object(), R"({"enable": true})");
-}
-
 TEST_F(RipEnableTo, WritesOtherScriptsAndSlashesAsTheyAre)
 {
     add("zürich/1");
     EXPECT_EQ(object(), R"({"id": "zürich/1", "enable": false})");
-}
-
-TEST_F(RipEnableTo, SurvivesFailingMemory)
-{
-    add("", {.enable = 1});
-    fill_whole(nodes_.front().resource()->id, 'n'); // cutting takes an allocation of the library's own
-    add("1");
-    expect_survives_failing_memory();
 }
 
 /// A missing key leaves the document unreleased, success releases it.
@@ -111,10 +64,6 @@ TEST_F(RipEnableFrom, MissingSwitchStoresNothingAndKeepsTheDocument)
 }
 
 TEST_F(RipEnableFrom, TakesOnlyTrueForTrue) { expect_boolean("enable", record().enable); }
-
-TEST_F(RipEnableFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(RipEnableFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -23,9 +23,6 @@ constexpr char sample_text[] =
     R"({"id": "0", "state": true, "route": {"destination": "192.168.40.0", "net_mask": "255.255.255.0", )"
     R"("next_hop": "192.168.1.2", "metric": 10, "interfaceID": "br0"}})";
 
-constexpr char empty_text[] = R"({"id": "1", "state": false, "route": {"destination": "", "net_mask": "", )"
-                              R"("next_hop": "", "metric": 0, "interfaceID": ""}})";
-
 class StaticRoutingTo : public ToTest<kelmora_static_routing> {
 protected:
     StaticRoutingTo() : ToTest(static_routing_to_translator) {}
@@ -36,31 +33,6 @@ TEST_F(StaticRoutingTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(StaticRoutingTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(StaticRoutingTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(StaticRoutingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), empty_text);
 }
 
 TEST_F(StaticRoutingTo, WritesTheMetricAsUnsigned)
@@ -133,13 +105,6 @@ TEST_F(StaticRoutingTo, WritesManyRoutesIntoALargerBuffer)
     }
     EXPECT_EQ(list(), expected + "]");
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(StaticRoutingTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).route.next_hop, 'h'); // cutting takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -265,10 +230,6 @@ TEST_F(StaticRoutingFrom, CutsTextsToTheirField)
     expect_string("route.next_hop", route().next_hop);
     expect_string("route.interfaceID", route().interfaceID);
 }
-
-TEST_F(StaticRoutingFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(StaticRoutingFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

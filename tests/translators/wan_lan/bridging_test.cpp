@@ -53,30 +53,6 @@ TEST_F(BridgingTo, WritesAnEmptyTableAsAnEmptyArray)
     EXPECT_EQ(list(), "[" + std::string(empty_text) + "]");
 }
 
-TEST_F(BridgingTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("br0", sample());
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(BridgingTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("br0", sample());
-    add("br1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(BridgingTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("br0", sample());
-    add("br1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
-}
-
 TEST_F(BridgingTo, WritesIntegersAsUnsigned)
 {
     add("", {.ageing_time = 4294967295, .mac_list = kelmora_host::make_chain<Entry>({{.port = 65535}})});
@@ -130,13 +106,6 @@ TEST_F(BridgingTo, WritesALongTableIntoALargerBuffer)
                     (port < 64 ? ", " : "]}");
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(BridgingTo, SurvivesFailingMemory)
-{
-    fill_whole(add("br0", sample()).mac_list->ageing_time, '9'); // a cut text takes an allocation of the library's own
-    add("br1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -196,10 +165,6 @@ TEST_F(BridgingFrom, NeverTouchesTheTable)
 TEST_F(BridgingFrom, TakesOnlyTrueForTrue) { expect_boolean("802_1_d_spanning_tree", record().spanning_tree_802_1_d); }
 
 TEST_F(BridgingFrom, CutsTheAgeingTimeToItsWidth) { expect_integer("ageing_time", record().ageing_time); }
-
-TEST_F(BridgingFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(BridgingFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -71,27 +70,6 @@ constexpr char sample_text[] = R"({
                 "unitySize": 3
 })";
 
-constexpr char empty_text[] = R"({
-                "frequency": 0,
-                "hostname": "",
-                "id": "1",
-                "ip": "",
-                "ip6_count": 0,
-                "ip6_list": [],
-                "isDMZ": false,
-                "isStaticIP": false,
-                "mac": "",
-                "network": "",
-                "opMode": 0,
-                "rxBytes": 0,
-                "rxRate": 0.0,
-                "signalLevel": 0,
-                "time": 0,
-                "txBytes": 0,
-                "txRate": 0.0,
-                "unitySize": 0
-})";
-
 constexpr char both_text[] = R"([
                 {
                                 "frequency": 5,
@@ -149,30 +127,6 @@ TEST_F(ConnectedDeviceTo, WritesSortedKeysIndentedAndEscaped)
     EXPECT_EQ(object(), sample_text);
     add("1");
     EXPECT_EQ(list(), both_text);
-}
-
-TEST_F(ConnectedDeviceTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample());
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(ConnectedDeviceTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample());
-    add("1");
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), both_text);
-}
-
-TEST_F(ConnectedDeviceTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample());
-    add("1");
-    EXPECT_EQ(object(), empty_text);
-    EXPECT_EQ(object_counting(1), empty_text);
 }
 
 TEST_F(ConnectedDeviceTo, WritesTheStoredCountWithoutAddresses)
@@ -274,30 +228,6 @@ TEST_F(ConnectedDeviceTo, WritesTwentyDevicesWithTwentyAddressesIntoALargerBuffe
     EXPECT_EQ(addresses, 400U);
     EXPECT_THAT(text, testing::EndsWith("\"unitySize\": 0\n                }\n]"));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(ConnectedDeviceTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample()).hostname, 'h'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample());
-    expect_survives_failing_memory();
-}
-
-class ConnectedDeviceFrom : public FromTest<kelmora_connected_device> {
-protected:
-    ConnectedDeviceFrom() : FromTest(connected_device_from_translator, sample_text) {}
-};
-
-TEST_F(ConnectedDeviceFrom, AcceptsAnythingAndTouchesNothing)
-{
-    const std::string before = image();
-    for (const char *text : {"", "{", sample_text, both_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_EQ(image(), before);
-        EXPECT_EQ(record().ip6_list, nullptr);
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(connected_device_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

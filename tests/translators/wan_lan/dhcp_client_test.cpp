@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -32,32 +31,6 @@ TEST_F(DhcpClientTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(DhcpClientTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1", {.aging_time = 4294967295});
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + other_text + "]");
-}
-
-TEST_F(DhcpClientTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(DhcpClientTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("1", {.aging_time = 1});
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
 }
 
 TEST_F(DhcpClientTo, WritesTheTimeAsUnsigned)
@@ -101,28 +74,6 @@ TEST_F(DhcpClientTo, GrowsTheBufferForManyClients)
     }
     EXPECT_EQ(list(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(DhcpClientTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).hostname, 'h'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
-}
-
-class DhcpClientFrom : public FromTest<kelmora_dhcp_client> {
-protected:
-    DhcpClientFrom() : FromTest(dhcp_client_from_translator, sample_text) {}
-};
-
-TEST_F(DhcpClientFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", sample_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(dhcp_client_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -10,7 +10,6 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 using Lease = kelmora_dhcp_server_lease;
 
@@ -67,32 +66,6 @@ TEST_F(DhcpServerTo, WritesTheKeysInOrder)
 
 TEST_F(DhcpServerTo, WritesNoLeasesAsAnEmptyArray)
 {
-    add("br1", without_leases);
-    EXPECT_EQ(object(), other_text);
-}
-
-TEST_F(DhcpServerTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("br0", sample());
-    add("br1", without_leases);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + other_text + "]");
-}
-
-TEST_F(DhcpServerTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("br0", sample());
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(DhcpServerTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("br0", sample());
     add("br1", without_leases);
     EXPECT_EQ(object(), other_text);
 }
@@ -160,13 +133,6 @@ TEST_F(DhcpServerTo, WritesManyLeasesIntoALargerBuffer)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(DhcpServerTo, SurvivesFailingMemory)
-{
-    fill_whole(add("br0", sample()).dns1, '1'); // a text that must be cut takes an allocation of the library's own
-    add("br1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -302,10 +268,6 @@ TEST_F(DhcpServerFrom, CutsTextsToTheirField)
     expect_string("dns1", record().dns1);
     expect_string("dns2", record().dns2);
 }
-
-TEST_F(DhcpServerFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(DhcpServerFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

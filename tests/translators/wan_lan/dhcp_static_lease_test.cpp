@@ -10,7 +10,6 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr kelmora_dhcp_static_lease sample{
     .description = "Büro/Printer",
@@ -29,13 +28,6 @@ constexpr char sample_text[] = R"({
                 "id": "0",
                 "ip": "192.168.17.20",
                 "mac": "00:1b:a9:6d:e3:0f"
-})";
-
-constexpr char other_text[] = R"({
-                "description": "",
-                "id": "1",
-                "ip": "192.168.17.21",
-                "mac": "90:09:d0:1f:82:b6"
 })";
 
 constexpr char both_text[] = R"([
@@ -64,30 +56,6 @@ TEST_F(DhcpStaticLeaseTo, WritesSortedKeysIndentedAndEscaped)
     EXPECT_EQ(object(), sample_text);
     add("1", other);
     EXPECT_EQ(list(), both_text);
-}
-
-TEST_F(DhcpStaticLeaseTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U);
-}
-
-TEST_F(DhcpStaticLeaseTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", other);
-    for (const std::uint32_t count : {1U, 2U, 3U, 4294967295U})
-        EXPECT_EQ(list_counting(count), both_text);
-}
-
-TEST_F(DhcpStaticLeaseTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1", other);
-    EXPECT_EQ(object(), other_text);
-    EXPECT_EQ(object_counting(1), other_text);
 }
 
 TEST_F(DhcpStaticLeaseTo, CutsTextsToOneByteLessThanTheirField)
@@ -127,13 +95,6 @@ TEST_F(DhcpStaticLeaseTo, GrowsTheBufferForManyLeases)
         ++leases;
     EXPECT_EQ(leases, 64U);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(DhcpStaticLeaseTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).ip, 'p'); // a text that must be cut takes an allocation of the library's own
-    add("1", other);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -186,10 +147,6 @@ TEST_F(DhcpStaticLeaseFrom, StoresTheFirst32CharactersOfALongDescription)
     EXPECT_TRUE(accepts(with(document, "description", R"("0123456789012345678901234567890123456789")")));
     EXPECT_STREQ(record().description, "01234567890123456789012345678901");
 }
-
-TEST_F(DhcpStaticLeaseFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(DhcpStaticLeaseFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -43,32 +43,6 @@ TEST_F(InterfaceStatisticsTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(InterfaceStatisticsTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1", other);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + other_text + "]");
-}
-
-TEST_F(InterfaceStatisticsTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(InterfaceStatisticsTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("1", other);
-    add("0", sample);
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(InterfaceStatisticsTo, WritesTheUnitAsSignedAndTheRestAsUnsigned)
 {
     add("1", other);
@@ -98,13 +72,6 @@ TEST_F(InterfaceStatisticsTo, WritesOtherScriptsAndSlashesAsTheyAre)
 {
     set(add("0", sample).interfaceID, "Büro/\"2\"");
     EXPECT_THAT(object(), HasSubstr("\"interfaceID\": \"Büro/\\\"2\\\"\""));
-}
-
-TEST_F(InterfaceStatisticsTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).interfaceID, 'i'); // a text that must be cut takes an allocation of the library's own
-    add("1", other);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -244,10 +211,6 @@ TEST_F(InterfaceStatisticsFrom, CutsIntegersToTheirWidth)
 }
 
 TEST_F(InterfaceStatisticsFrom, CutsTextsToTheirField) { expect_string("interfaceID", record().interfaceID); }
-
-TEST_F(InterfaceStatisticsFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(InterfaceStatisticsFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

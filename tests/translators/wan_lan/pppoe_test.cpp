@@ -35,26 +35,6 @@ TEST_F(PppoeTo, WritesTheKeysInOrderAndThePasswordInClear)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(PppoeTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("wan0", sample);
-    add("wan1", {.mtu = 1480});
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) +
-                                    R"(, {"id": "wan1", "interfaceID": "", "username": "", "password": "", )"
-                                    R"("service": "", "server": "", "mtu": 1480}])");
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(PppoeTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("wan1", {.username = "other", .mtu = 7});
-    add("wan0", sample);
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(PppoeTo, WritesTheMtuAsUnsigned)
 {
     add("", {.mtu = 4294967295});
@@ -89,13 +69,6 @@ TEST_F(PppoeTo, LeavesOutATextWhoseCutSplitsACharacter)
     pppoe.username[128] = '\xC3'; // the first byte of a two-byte character: the last that is written
     pppoe.username[129] = '\xA4';
     EXPECT_THAT(object(), HasSubstr(R"("interfaceID": "wan0", "password": "a lantern in the fog")"));
-}
-
-TEST_F(PppoeTo, SurvivesFailingMemory)
-{
-    fill_whole(add("wan0", sample).password, 'p');
-    add("wan1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -177,10 +150,6 @@ TEST_F(PppoeFrom, CutsTextsToTheirField)
     expect_string("service", record().service);
     expect_string("server", record().server);
 }
-
-TEST_F(PppoeFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(PppoeFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

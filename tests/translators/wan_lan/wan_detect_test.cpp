@@ -42,47 +42,11 @@ TEST_F(WanDetectTo, WritesNumbersAndNoId)
                       "]");
 }
 
-TEST_F(WanDetectTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-    EXPECT_EQ(allocations_, 0U); // the text is a literal
-    EXPECT_EQ(reallocations_, 0U);
-}
-
-TEST_F(WanDetectTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", {.hasDHCP = 11});
-    add("2", {.hasDHCP = 12});
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all, AllOf(HasSubstr("\"hasDHCP\": 1,"), HasSubstr("\"hasDHCP\": 11,"), HasSubstr("\"hasDHCP\": 12,")));
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(2), all);
-    EXPECT_EQ(list_counting(9), all);
-}
-
-TEST_F(WanDetectTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("0", {.hasDHCP = 7, .hasPPPoE = 8, .hasStatic = 9});
-    add("1", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(1), sample_text);
-}
-
 TEST_F(WanDetectTo, WritesIntegersAsUnsigned)
 {
     add("", {.hasDHCP = 4294967295, .hasPPPoE = 4294967294, .hasStatic = 2147483648});
     EXPECT_THAT(object(), AllOf(HasSubstr("\"hasDHCP\": 4294967295,"), HasSubstr("\"hasPPPoE\": 4294967294,"),
                                 HasSubstr("\"hasStatic\": 2147483648\n"), Not(HasSubstr("-"))));
-}
-
-TEST_F(WanDetectTo, SurvivesFailingMemory)
-{
-    add("0", sample);
-    add("1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({"hasDHCP": 3, "hasPPPoE": 4, "hasStatic": 5})";
@@ -121,10 +85,6 @@ TEST_F(WanDetectFrom, CutsIntegersToTheirWidth)
     expect_integer("hasPPPoE", record().hasPPPoE);
     expect_integer("hasStatic", record().hasStatic);
 }
-
-TEST_F(WanDetectFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(WanDetectFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

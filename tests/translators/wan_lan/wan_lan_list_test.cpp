@@ -32,24 +32,6 @@ TEST_F(WanLanListTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(WanLanListTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("wan0", sample);
-    add("wan1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(list_counting(2), "[" + std::string(sample_text) + R"(, {"id": "wan1", "lan_list": []}])");
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(WanLanListTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("wan1", {.lan_list = {{.lan_id = "a"}, {.lan_id = "b"}, {.lan_id = "c"}}});
-    add("wan0", sample);
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(WanLanListTo, SkipsUnusedEntries)
 {
     add("", {.lan_list = {{}, {.lan_id = "eth0.2", .enabled = 1}}});
@@ -107,13 +89,6 @@ TEST_F(WanLanListTo, LeavesOutANameThatIsNotUtf8ButKeepsItsEntry)
 {
     set(add("wan0", sample).lan_list[0].lan_id, "\xE9");
     EXPECT_EQ(object(), R"({"id": "wan0", "lan_list": [{"enabled": true}, {"lan_id": "eth0.2", "enabled": false}]})");
-}
-
-TEST_F(WanLanListTo, SurvivesFailingMemory)
-{
-    fill_whole(add("wan0", sample).lan_list[1].lan_id, 'l');
-    add("wan1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -270,10 +245,6 @@ TEST_F(WanLanListFrom, CutsTextsToTheirField)
     expect_string("lan_list.0.lan_id", record().lan_list[0].lan_id);
     expect_string("lan_list.2.lan_id", record().lan_list[2].lan_id);
 }
-
-TEST_F(WanLanListFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(WanLanListFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

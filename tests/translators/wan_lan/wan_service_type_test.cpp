@@ -8,8 +8,6 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::HasSubstr;
-
 constexpr kelmora_wan_service_type sample{
     .service_other_video = 1,
     .service_tr069 = 0,
@@ -46,38 +44,6 @@ TEST_F(WanServiceTypeTo, WritesEachKeyFromItsOwnField)
                       R"("service_internet": false, "service_voice": false}, )"
                       R"({"id": "", "service_other_video": false, "service_tr069": false, )"
                       R"("service_internet": false, "service_voice": true}])");
-}
-
-TEST_F(WanServiceTypeTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("wan0", sample);
-    add("wan1", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_THAT(list_counting(2), HasSubstr(std::string(sample_text) + R"(, {"id": "wan1", )"));
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(WanServiceTypeTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    add("wan1", {.service_tr069 = 1, .service_internet = 1});
-    add("wan0", sample);
-    EXPECT_EQ(object(), sample_text);
-}
-
-TEST_F(WanServiceTypeTo, CutsTheIdTo128Characters)
-{
-    add("");
-    fill_whole(nodes_.front().resource()->id, 'n');
-    EXPECT_THAT(object(), HasSubstr(R"({"id": ")" + std::string(128, 'n') + '"'));
-}
-
-TEST_F(WanServiceTypeTo, SurvivesFailingMemory)
-{
-    add("wan0", sample);
-    add("wan1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -130,10 +96,6 @@ TEST_F(WanServiceTypeFrom, TakesOnlyTrueForTrue)
     expect_boolean("service_internet", record().service_internet);
     expect_boolean("service_voice", record().service_voice);
 }
-
-TEST_F(WanServiceTypeFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(WanServiceTypeFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

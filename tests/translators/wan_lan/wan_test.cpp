@@ -57,26 +57,6 @@ TEST_F(WanTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(WanTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("wan0", sample);
-    add("wan1", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_THAT(list_counting(2), AllOf(HasSubstr(R"([{"id": "wan0")"), HasSubstr(R"(}, {"id": "wan1")")));
-    EXPECT_EQ(list_counting(3), list_counting(2));
-}
-
-TEST_F(WanTo, LeavesTheLastNodesValuesWhenNoListIsAskedFor)
-{
-    kelmora_wan &first = add("wan1", sample);
-    first.vlan_enable = 0; // its text in the place of the number is replaced, too
-    set(first.dns_v4_dns1, "192.0.2.1");
-    add("wan0", sample);
-    EXPECT_EQ(object(), sample_text);
-}
-
 TEST_F(WanTo, WritesAnEmptyTextForTheVlanOfAnUntaggedConnection)
 {
     kelmora_wan &wan = add("wan0", sample);
@@ -183,13 +163,6 @@ TEST_F(WanTo, LeavesOutTextsThatAreNotUtf8)
     wan.interfaceID[19] = '\xA4';
     EXPECT_THAT(object(), AllOf(HasSubstr(R"({"id": "wan0", "mode": 2,)"),
                                 HasSubstr(R"("dns1": "203.0.113.53", "dns3": "203.0.113.55"})")));
-}
-
-TEST_F(WanTo, SurvivesFailingMemory)
-{
-    fill_whole(add("wan0", sample).dns_v6_dns3, 'd');
-    add("wan1", sample).vlan_enable = 0;
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -434,10 +407,6 @@ TEST_F(WanFrom, CutsTextsToTheirField)
     expect_string("dns_v6.dns3", record().dns_v6_dns3);
     expect_string("clonedMac", record().clonedMac);
 }
-
-TEST_F(WanFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(WanFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 TEST(Wan, TakesBackWhatItWrote)
 {

@@ -8,11 +8,6 @@ namespace kelmora_test {
 
 namespace {
 
-using testing::AllOf;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
 constexpr kelmora_radio sample{
     .enabled = 1,
     .opMode = 2,
@@ -45,32 +40,6 @@ TEST_F(RadioTo, WritesTheKeysInOrder)
     EXPECT_EQ(list(), "[" + std::string(sample_text) + "]");
 }
 
-TEST_F(RadioTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("radio0", sample);
-    add("radio1", sample).channel = 1;
-    add("radio2", sample);
-    const std::string first = sample_text;
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(list_counting(1), "[" + first + "]");
-    EXPECT_THAT(list_counting(2), AllOf(StartsWith("[" + first + ", {\"id\": \"radio1\""), Not(HasSubstr("radio2"))));
-}
-
-TEST_F(RadioTo, EndsAtTheLastNodeWhenTheCountIsLarger)
-{
-    add("radio0", sample);
-    EXPECT_EQ(list_counting(5), list_counting(1));
-    EXPECT_EQ(object_counting(4294967295), sample_text);
-}
-
-TEST_F(RadioTo, WritesAllNodesIntoOneObjectWhenNoListIsAskedFor)
-{
-    add("radio1").power = 7;
-    add("radio0", sample);
-    EXPECT_EQ(object(), sample_text);
-    EXPECT_EQ(object_counting(0), "{}");
-}
-
 TEST_F(RadioTo, WritesIntegersAsUnsigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -95,13 +64,6 @@ TEST_F(RadioTo, WritesEachSwitchFromItsOwnField)
                      {"beamforming", &kelmora_radio::beamforming},
                      {"ofdma", &kelmora_radio::ofdma},
                      {"twt", &kelmora_radio::twt}});
-}
-
-TEST_F(RadioTo, SurvivesFailingMemory)
-{
-    add("radio0", sample);
-    add("radio1", sample);
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] = R"({
@@ -193,10 +155,6 @@ TEST_F(RadioFrom, CutsIntegersToTheirWidth)
     expect_integer("bandwidth", record().bandwidth);
     expect_integer("power", record().power);
 }
-
-TEST_F(RadioFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(RadioFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 

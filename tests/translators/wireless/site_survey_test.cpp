@@ -1,4 +1,3 @@
-#include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
 #include "kelmora_json.h"
@@ -10,7 +9,6 @@ namespace {
 
 using testing::AllOf;
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr kelmora_site_survey sample{
     .ssid = "Café/Bar",
@@ -58,37 +56,6 @@ TEST_F(SiteSurveyTo, WritesSortedKeysIndentedAndEscaped)
                         "}");
 }
 
-TEST_F(SiteSurveyTo, WritesAnEmptyArrayWhenTheCountIsZeroWhateverIsAskedFor)
-{
-    add("0", sample);
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "[]");
-}
-
-TEST_F(SiteSurveyTo, WalksAllNodesWhateverTheCountSays)
-{
-    add("0", sample);
-    add("1", sample).channel = 12;
-    add("2", sample).channel = 13;
-    const std::string all = list_counting(3);
-    EXPECT_THAT(all, AllOf(HasSubstr("\"channel\": 11"), HasSubstr("\"channel\": 12"), HasSubstr("\"channel\": 13")));
-    EXPECT_EQ(list_counting(1), all);
-    EXPECT_EQ(list_counting(100), all);
-}
-
-TEST_F(SiteSurveyTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("0", sample);
-    add("1", sample).channel = 12;
-    EXPECT_THAT(object_counting(1), AllOf(Not(HasSubstr("\"channel\": 11")), HasSubstr("\"channel\": 12")));
-}
-
-TEST_F(SiteSurveyTo, WritesNoId)
-{
-    add("the id", sample);
-    EXPECT_THAT(object(), AllOf(Not(HasSubstr("\"id\"")), Not(HasSubstr("the id"))));
-}
-
 TEST_F(SiteSurveyTo, WritesLevelAndChannelAsSignedAndTheRestAsUnsigned)
 {
     constexpr std::uint32_t most = 4294967295;
@@ -128,28 +95,6 @@ TEST_F(SiteSurveyTo, GrowsTheBufferForALongScan)
     const std::string text = list();
     EXPECT_GT(text.size(), 4096U);
     EXPECT_THAT(text, testing::EndsWith("}\n]"));
-}
-
-TEST_F(SiteSurveyTo, SurvivesFailingMemory)
-{
-    add("0", sample);
-    add("1", sample);
-    expect_survives_failing_memory();
-}
-
-class SiteSurveyFrom : public FromTest<kelmora_site_survey> {
-protected:
-    SiteSurveyFrom() : FromTest(site_survey_from_translator, R"({"ssid": "written"})") {}
-};
-
-TEST_F(SiteSurveyFrom, AcceptsAnythingAndTouchesNothing)
-{
-    for (const char *text : {"", "{", R"({"ssid": "written"})", "[]", "nonsense"}) {
-        EXPECT_TRUE(accepts(text));
-        EXPECT_TRUE(untouched(record()));
-        EXPECT_EQ(fetches_, 0U);
-    }
-    EXPECT_EQ(site_survey_from_translator(nullptr, nullptr, nullptr), 1);
 }
 
 } // namespace

@@ -47,25 +47,6 @@ TEST_F(WlanAccessControlTo, WritesAnEmptyChainAsAnEmptyArray)
     EXPECT_EQ(list(), "[" + std::string(empty_text) + "]");
 }
 
-TEST_F(WlanAccessControlTo, WritesAsManyNodesAsTheHeadCounts)
-{
-    add("wlan0", sample());
-    add("wlan1");
-    EXPECT_EQ(list_counting(0), "[]");
-    EXPECT_EQ(object_counting(0), "{}");
-    EXPECT_EQ(list_counting(1), "[" + std::string(sample_text) + "]");
-    EXPECT_EQ(object_counting(1), sample_text);
-    EXPECT_EQ(list(), "[" + std::string(sample_text) + ", " + empty_text + "]");
-    EXPECT_EQ(list_counting(4294967295), "[" + std::string(sample_text) + ", " + empty_text + "]");
-}
-
-TEST_F(WlanAccessControlTo, LeavesTheLastNodeInTheObjectWhenNoListIsAskedFor)
-{
-    add("wlan0", sample());
-    add("wlan1");
-    EXPECT_EQ(object(), empty_text);
-}
-
 TEST_F(WlanAccessControlTo, WritesTheModeAsUnsigned)
 {
     add("", {.mode = 4294967295});
@@ -109,13 +90,6 @@ TEST_F(WlanAccessControlTo, WritesManyAddressesIntoALargerBuffer)
     }
     EXPECT_EQ(object(), expected);
     EXPECT_EQ(reallocations_, 1U);
-}
-
-TEST_F(WlanAccessControlTo, SurvivesFailingMemory)
-{
-    fill_whole(add("wlan0", sample()).mac_list->mac, 'm'); // a cut text takes an allocation of the library's own
-    add("wlan1", sample());
-    expect_survives_failing_memory();
 }
 
 constexpr char document[] =
@@ -279,10 +253,6 @@ TEST_F(WlanAccessControlFrom, StoresWhatItGivesOut)
     EXPECT_EQ(record().mode, 2U);
     EXPECT_THAT(addresses(), ElementsAre("5c:e9:31:0a:77:d2", "a4:83:e7:4c:19:60"));
 }
-
-TEST_F(WlanAccessControlFrom, KeepsTheCommonContract) { expect_common_contract(); }
-
-TEST_F(WlanAccessControlFrom, SurvivesFailingMemory) { expect_survives_failing_memory(); }
 
 } // namespace
 
