@@ -8,7 +8,7 @@ set -u
 cd "$(dirname "$0")/.." || exit 1
 
 required="g++ cmake ninja-build pkg-config binutils libjansson-dev googletest libcli11-dev"
-optional="ccache clang clang-format clang-tidy libclang-rt-14-dev llvm g++-mips-linux-gnu qemu-user dpkg-dev gcovr python3 locales"
+optional="ccache clang clang-format clang-tidy libclang-rt-14-dev llvm g++-mips-linux-gnu qemu-user dpkg-dev gcovr python3 locales mandoc"
 optional="$optional valgrind libbenchmark-dev libcjson-dev libjson-c-dev rapidjson-dev nlohmann-json3-dev" # for bench/
 jansson_source=build/jansson-source
 
