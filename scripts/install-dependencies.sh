@@ -7,8 +7,8 @@
 set -u
 cd "$(dirname "$0")/.." || exit 1
 
-required="g++ cmake ninja-build pkg-config binutils libjansson-dev googletest libcli11-dev rapidjson-dev"
-optional="ccache clang clang-format clang-tidy libclang-rt-14-dev llvm g++-mips-linux-gnu qemu-user dpkg-dev gcovr python3 locales"
+required="g++ cmake ninja-build pkg-config binutils libjansson-dev googletest libcli11-dev libfmt-dev rapidjson-dev"
+optional="ccache clang clang-format clang-tidy libclang-rt-14-dev llvm g++-mips-linux-gnu qemu-user dpkg-dev gcovr python3 locales mandoc"
 optional="$optional python3-clang-14" # for scripts/generate_fields.py
 optional="$optional valgrind libbenchmark-dev libcjson-dev libjson-c-dev nlohmann-json3-dev" # for bench/
 jansson_source=build/jansson-source

@@ -1,11 +1,13 @@
 #include "host/cli/commands.h"
 
 #include "host/cli/diagnostics.h"
+#include "host/names.h"
 #include "host/json.h"
 #include "host/plugin/translate.h"
 
 #include <algorithm>
 #include <iomanip>
+#include <set>
 #include <sstream>
 
 namespace kelmora_host {
@@ -25,13 +27,11 @@ std::string_view text_of(Directions directions)
     return "both";
 }
 
-/// ": a, b, c" of the names, or nothing.
-template <class Range, class Name> std::string enumeration(const Range &range, Name name)
+/// What helps somebody who gave a name that is none of these: the similar ones, or else what there is.
+std::string hint(std::string_view name, const std::vector<std::string> &names, const std::string &what_there_is)
 {
-    std::string text;
-    for (const auto &element : range)
-        text.append(text.empty() ? ": " : ", ").append(name(element));
-    return text;
+    const std::vector<std::string> similar = similar_names(name, names);
+    return "; " + (similar.empty() ? what_there_is : "similar: " + enumeration(similar));
 }
 
 std::vector<Resource> registered(std::string_view group)
@@ -44,13 +44,29 @@ std::vector<Resource> registered(std::string_view group)
     return found;
 }
 
+/// "number 5", "numbers 0, 5 and 20 to 22": three and more in a row as a range.
+std::string numbers_of(const std::vector<Resource> &rows)
+{
+    std::vector<std::string> numbers;
+    for (auto begin = rows.begin(); begin != rows.end();) {
+        auto end = std::adjacent_find(begin, rows.end(),
+                                      [](const Resource &a, const Resource &b) { return a.number + 1 != b.number; });
+        end = end != rows.end() ? end + 1 : end;
+        const bool as_range = end - begin > 2;
+        numbers.push_back(std::to_string(begin->number) +
+                          (as_range ? " to " + std::to_string((end - 1)->number) : std::string()));
+        begin = as_range ? end : begin + 1;
+    }
+    return (rows.size() == 1 ? "number " : "numbers ") + enumeration(numbers);
+}
+
 std::string totals(const std::vector<Resource> &rows, std::string_view group, std::string_view plugin_version)
 {
     std::ostringstream line;
     line << rows.size() << (rows.size() == 1 ? " pair" : " pairs") << (group.empty() ? "" : " of the group ") << group
          << " registered by libkelmora_json " << plugin_version;
     if (!rows.empty())
-        line << ", numbers " << rows.front().number << " to " << rows.back().number;
+        line << ": " << numbers_of(rows);
     line << "\n";
     return line.str();
 }
@@ -127,35 +143,52 @@ const Resource &resource_named(std::string_view name)
     if (const Resource *resource = find_resource(name))
         return *resource;
 
-    std::vector<std::string_view> similar;
-    for (const Resource &resource : resources()) {
-        const bool contains_it = !name.empty() && resource.name.find(name) != std::string_view::npos;
-        if (contains_it || name.find(resource.name) != std::string_view::npos)
-            similar.push_back(resource.name);
-    }
-    const std::string hint = similar.empty() ? "; kelmora-host list names them all"
-                                             : "; similar" + enumeration(similar, [](auto it) { return it; });
-    throw Failure(Status::usage, "no resource \"" + std::string(name) + "\"" + hint);
+    std::vector<std::string> names;
+    for (const Resource &resource : resources())
+        names.emplace_back(resource.name);
+    throw Failure(Status::usage,
+                  "no resource \"" + std::string(name) + "\"" + hint(name, names, "kelmora-host list names them all"));
 }
 
-std::vector<Node> select_nodes(Gateway &gateway, const Resource &resource, const std::optional<std::string> &id)
+std::vector<std::string> groups()
+{
+    std::set<std::string> groups;
+    for (const Resource &resource : resources())
+        groups.emplace(resource.group);
+    return {groups.begin(), groups.end()};
+}
+
+void check_group(std::string_view name)
+{
+    const std::vector<std::string> all = groups();
+    if (std::ranges::find(all, name) == all.end())
+        throw Failure(Status::usage,
+                      "no group \"" + std::string(name) + "\"" + hint(name, all, "the groups are " + enumeration(all)));
+}
+
+std::vector<Node> select_nodes(const Gateway &gateway, const Resource &resource, const std::optional<std::string> &id)
 {
     const std::vector<Node> &all = gateway.nodes(resource.name);
     if (!id)
         return all;
     const auto found = std::ranges::find(all, *id, &Node::id);
-    if (found == all.end())
-        throw Failure(Status::usage, std::string(resource.name) + ": no record of the id \"" + *id + "\"; there are " +
-                                         std::to_string(all.size()) +
-                                         enumeration(all, [](const Node &node) { return node.id(); }));
-    return {*found};
+    if (found != all.end())
+        return {*found};
+    std::vector<std::string> ids;
+    for (const Node &node : all)
+        ids.emplace_back(node.id());
+    const std::string what_there_is = ids.empty()       ? "the sample gateway has none"
+                                      : ids.size() == 1 ? "the only one is " + ids.front()
+                                                        : "there are " + enumeration(ids);
+    throw Failure(Status::usage, std::string(resource.name) + " has no record of the id \"" + *id + "\"" +
+                                     hint(*id, ids, what_there_is));
 }
 
-Node select_node(Gateway &gateway, const Resource &resource, const std::optional<std::string> &id)
+Node select_node(const Gateway &gateway, const Resource &resource, const std::optional<std::string> &id)
 {
     const std::vector<Node> nodes = select_nodes(gateway, resource, id);
     if (nodes.empty())
-        throw Failure(Status::usage, std::string(resource.name) + ": the sample gateway has no record of it");
+        throw Failure(Status::usage, "the sample gateway has no record of " + std::string(resource.name));
     return nodes.front();
 }
 

@@ -19,12 +19,18 @@ namespace kelmora_host {
 /// The resource of this name. Throws Failure (usage) when there is none.
 const Resource &resource_named(std::string_view name);
 
+/// The groups of the resources, by the alphabet.
+std::vector<std::string> groups();
+
+/// Throws Failure (usage) when there is no group of this name.
+void check_group(std::string_view name);
+
 /// Copies of the gateway's nodes of a resource: all, or the one of an id. Throws Failure (usage) when there is none of
 /// that id.
-std::vector<Node> select_nodes(Gateway &gateway, const Resource &resource, const std::optional<std::string> &id);
+std::vector<Node> select_nodes(const Gateway &gateway, const Resource &resource, const std::optional<std::string> &id);
 
 /// A copy of one node: the one of an id, or the first. Throws Failure (usage) when there is none.
-Node select_node(Gateway &gateway, const Resource &resource, const std::optional<std::string> &id);
+Node select_node(const Gateway &gateway, const Resource &resource, const std::optional<std::string> &id);
 
 /// The registered resources of a group, or of all of them when the group is empty: a table that ends with a line of
 /// totals.

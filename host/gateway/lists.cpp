@@ -1,5 +1,7 @@
 #include "host/gateway/lists.h"
 
+#include "host/gateway/tails.h"
+
 #include "kelmora_host.h"
 #include "kelmora_records.h"
 
@@ -7,7 +9,7 @@
 #include <cstring>
 
 // The chains that the plug-in has the host make. Nodes are blocks from calloc, which the record frees. A chain that a
-// new one replaces is let go of and freed by the write road, as everything that a translator lets go of.
+// new one replaces is freed by FreeLost, as everything that a translator lets go of.
 
 namespace kelmora_host {
 
@@ -27,7 +29,7 @@ void announce(const kelmora_host::AddedEntry &entry)
 template <class Node> bool allocate_list(Node *&first, std::uint32_t entries)
 {
     first = nullptr;
-    if (entries > kelmora_host::longest_list)
+    if (entries > kelmora_host::ListLimit::longest())
         return false;
     for (std::uint32_t i = 0; i < entries; ++i) {
         auto *node = static_cast<Node *>(std::calloc(1, sizeof(Node)));
@@ -53,10 +55,7 @@ template <class Node> bool append(Node *&first, const Node &node)
         return false;
     *copy = node;
     copy->next = nullptr;
-    Node **link = &first;
-    while (*link != nullptr)
-        link = &(*link)->next;
-    *link = copy;
+    kelmora_host::Tails::append(first, copy);
     return true;
 }
 

@@ -5,12 +5,26 @@
 
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <string_view>
 
 namespace kelmora_host {
 
-/// The longest chain that this host allocates for a plug-in. It refuses a longer one.
-inline constexpr std::uint32_t longest_list = 65536;
+/// While it lives, the host refuses to allocate longer chains than this for a plug-in, as if memory ran out there.
+/// There is no limit otherwise. Of the process as a whole; one at a time.
+class ListLimit {
+public:
+    explicit ListLimit(std::uint32_t longest) { longest_ = longest; }
+    ListLimit(const ListLimit &) = delete;
+    ListLimit &operator=(const ListLimit &) = delete;
+    ~ListLimit() { longest_ = none; }
+
+    static std::uint32_t longest() { return longest_; }
+
+private:
+    static constexpr std::uint32_t none = std::numeric_limits<std::uint32_t>::max();
+    static inline std::uint32_t longest_ = none;
+};
 
 /// An entry for a record's list, as the plug-in hands it over.
 struct AddedEntry {

@@ -23,9 +23,11 @@ public:
 
     [[nodiscard]] std::string_view id() const { return header_.id; }
     [[nodiscard]] Record &record() { return record_; }
+    [[nodiscard]] const Record &record() const { return record_; }
 
     /// What the plug-in sees of it.
     [[nodiscard]] kelmora_resource *resource() { return &header_; }
+    [[nodiscard]] const kelmora_resource *resource() const { return &header_; }
 
     /// Hangs another node (or none) behind this one.
     void link(Node *next) { next_ = next; }

@@ -1,8 +1,8 @@
 #ifndef KELMORA_HOST_GATEWAY_OWNERSHIP_H
 #define KELMORA_HOST_GATEWAY_OWNERSHIP_H
 
-// What records own, for host/record.h: one specialisation for each record or node that has a chain or a text of its
-// own.
+// What records own, for host/gateway/record.h: one specialisation for each record or node that has a chain or a text of
+// its own.
 
 #include "kelmora_records.h"
 

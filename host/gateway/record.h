@@ -1,6 +1,8 @@
 #ifndef KELMORA_HOST_GATEWAY_RECORD_H
 #define KELMORA_HOST_GATEWAY_RECORD_H
 
+#include "host/gateway/tails.h"
+
 #include <cstddef>
 #include <cstdlib>
 #include <cstring>
@@ -15,9 +17,9 @@
 
 namespace kelmora_host {
 
-/// What a record (or a node of one of its chains) owns besides its own bytes: specialised in host/ownership.h for those
-/// that own something. visit() hands each owning pointer to the visitor: visitor.chain(first) for a chain of blocks
-/// from malloc that are linked by `next`, visitor.text(pointer) for a text from malloc.
+/// What a record (or a node of one of its chains) owns besides its own bytes: specialised in host/gateway/ownership.h
+/// for those that own something. visit() hands each owning pointer to the visitor: visitor.chain(first) for a chain of
+/// blocks from malloc that are linked by `next`, visitor.text(pointer) for a text from malloc.
 template <class Record> struct Owned {
     template <class Visitor> static void visit(Record & /*record*/, Visitor & /*visitor*/) {}
 };
@@ -181,6 +183,7 @@ public:
 
     /// The struct that it is kept in.
     [[nodiscard]] void *bytes() { return bytes_.get(); }
+    [[nodiscard]] const void *bytes() const { return bytes_.get(); }
     [[nodiscard]] std::size_t size() const { return type_->size; }
 
     /// The blocks from malloc that hang on the record; one that hangs on it twice, twice.
@@ -188,6 +191,7 @@ public:
 
     /// The record as its struct. T must be the type that it was made of.
     template <class T> [[nodiscard]] T &as() { return *std::launder(static_cast<T *>(bytes())); }
+    template <class T> [[nodiscard]] const T &as() const { return *std::launder(static_cast<const T *>(bytes())); }
 
 private:
     struct Type {
@@ -222,10 +226,14 @@ private:
 };
 
 /// At the end of its life, frees the blocks that hung on a record at its beginning and do no more: what a translator
-/// lets go of is the host's to free.
+/// lets go of is the host's to free. Nobody frees them earlier, so in the meantime the ends of the record's chains are
+/// remembered.
 class FreeLost {
 public:
-    explicit FreeLost(Record &record) : record_(record), before_(record.owned_blocks()) {}
+    explicit FreeLost(Record &record)
+        : record_(record), before_(record.owned_blocks()), tails_(record.bytes(), record.size())
+    {
+    }
     FreeLost(const FreeLost &) = delete;
     FreeLost &operator=(const FreeLost &) = delete;
     ~FreeLost()
@@ -241,6 +249,7 @@ public:
 private:
     Record &record_;
     std::vector<void *> before_;
+    Tails tails_;
 };
 
 } // namespace kelmora_host

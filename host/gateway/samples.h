@@ -3,32 +3,38 @@
 
 #include "host/gateway/gateway.h"
 
+/// The parts of the sample gateway, in the order in which they are added: samples/PART.cpp defines add_PART_samples. A
+/// new file is named here and nowhere else.
+#define KELMORA_SAMPLES(PART)                                                                                          \
+    PART(device_accounts)                                                                                              \
+    PART(device_identity)                                                                                              \
+    PART(device_maintenance)                                                                                           \
+    PART(diagnostics)                                                                                                  \
+    PART(firewall_acl)                                                                                                 \
+    PART(firewall_blocking)                                                                                            \
+    PART(firewall_filters)                                                                                             \
+    PART(firewall_forwarding)                                                                                          \
+    PART(firewall_rules)                                                                                               \
+    PART(ipv6_dhcp)                                                                                                    \
+    PART(ipv6_prefixes)                                                                                                \
+    PART(ipv6_routes)                                                                                                  \
+    PART(pon)                                                                                                          \
+    PART(qos_classification)                                                                                           \
+    PART(qos_policy)                                                                                                   \
+    PART(remote_mgmt_tr069)                                                                                            \
+    PART(remote_mgmt_tr369)                                                                                            \
+    PART(routing_routes)                                                                                               \
+    PART(routing_switching)                                                                                            \
+    PART(wan_lan_lan)                                                                                                  \
+    PART(wan_lan_wan)                                                                                                  \
+    PART(wireless_mesh)                                                                                                \
+    PART(wireless)
+
 namespace kelmora_host {
 
-// The parts of the sample gateway.
-void add_device_accounts_samples(Gateway &gateway);
-void add_device_identity_samples(Gateway &gateway);
-void add_device_maintenance_samples(Gateway &gateway);
-void add_diagnostics_samples(Gateway &gateway);
-void add_firewall_acl_samples(Gateway &gateway);
-void add_firewall_blocking_samples(Gateway &gateway);
-void add_firewall_filters_samples(Gateway &gateway);
-void add_firewall_forwarding_samples(Gateway &gateway);
-void add_firewall_rules_samples(Gateway &gateway);
-void add_ipv6_dhcp_samples(Gateway &gateway);
-void add_ipv6_prefixes_samples(Gateway &gateway);
-void add_ipv6_routes_samples(Gateway &gateway);
-void add_pon_samples(Gateway &gateway);
-void add_qos_classification_samples(Gateway &gateway);
-void add_qos_policy_samples(Gateway &gateway);
-void add_remote_mgmt_tr069_samples(Gateway &gateway);
-void add_remote_mgmt_tr369_samples(Gateway &gateway);
-void add_routing_routes_samples(Gateway &gateway);
-void add_routing_switching_samples(Gateway &gateway);
-void add_wan_lan_lan_samples(Gateway &gateway);
-void add_wan_lan_wan_samples(Gateway &gateway);
-void add_wireless_mesh_samples(Gateway &gateway);
-void add_wireless_samples(Gateway &gateway);
+#define PART(name) void add_##name##_samples(Gateway &gateway);
+KELMORA_SAMPLES(PART)
+#undef PART
 
 } // namespace kelmora_host
 

@@ -2,19 +2,37 @@
 
 #include "host/gateway/resources.h"
 #include "host/plugin/registry.h"
+#include "host/plugin/shared_object.h"
 
 #include <dlfcn.h>
+#include <optional>
 #include <system_error>
 
 namespace kelmora_host {
 
 namespace {
 
-template <class Function> Function *symbol(void *library, const char *name)
+void *load(const std::filesystem::path &path)
+{
+    if (const std::optional<std::string> fault = fault_of_shared_object(path))
+        throw PluginError("cannot load " + path.string() + ": " + *fault);
+    // A name without a slash would be searched for in the system's library folders.
+    const std::string absolute = std::filesystem::absolute(path);
+    void *library = dlopen(absolute.c_str(), RTLD_LAZY | RTLD_LOCAL);
+    if (library != nullptr)
+        return library;
+    const char *words = dlerror();
+    std::string reason = words != nullptr ? words : "the loader does not say why";
+    if (reason.starts_with(absolute + ": "))
+        reason.erase(0, absolute.size() + 2);
+    throw PluginError("cannot load " + path.string() + ": " + reason);
+}
+
+template <class Function> Function *symbol(void *library, const char *name, const std::filesystem::path &path)
 {
     void *address = dlsym(library, name);
     if (address == nullptr)
-        throw PluginError(dlerror());
+        throw PluginError(path.string() + " is no libkelmora_json: it does not export " + name);
     return reinterpret_cast<Function *>(address);
 }
 
@@ -22,17 +40,14 @@ template <class Function> Function *symbol(void *library, const char *name)
 
 Plugin::Plugin(const std::filesystem::path &path)
 {
-    // A name without a slash would be searched for in the system's library folders.
-    void *library = dlopen(std::filesystem::absolute(path).c_str(), RTLD_LAZY | RTLD_LOCAL);
-    if (library == nullptr)
-        throw PluginError(dlerror());
-    auto *init = symbol<int()>(library, "kelmora_json_init");
-    auto *get_version = symbol<const char *()>(library, "kelmora_json_get_version");
+    void *library = load(path);
+    auto *init = symbol<int()>(library, "kelmora_json_init", path);
+    auto *get_version = symbol<const char *()>(library, "kelmora_json_get_version", path);
 
     init();
     for (const Resource &resource : resources()) {
         if (Registry::instance().find(resource.number) == nullptr)
-            throw PluginError(path.string() + ": no translators registered for " + std::string(resource.name));
+            throw PluginError(path.string() + " registers no translators for " + std::string(resource.name));
     }
     version_ = get_version();
 }

@@ -93,13 +93,13 @@ out_has "NUMBER  RESOURCE                          DIRECTIONS  GROUP"
 out_has "     5  radio                             both        wireless"
 out_has "    20  site_survey                       to only     wireless"
 out_has "    12  telnet                            from only   device"
-tail -n 1 "$work/out" | grep -q '^98 pairs registered by libkelmora_json 1\.3\.0, numbers 0 to 97$' ||
+tail -n 1 "$work/out" | grep -q '^98 pairs registered by libkelmora_json 1\.3\.0: numbers 0 to 97$' ||
     fail "expected the totals last"
 
 try list --group pon
 status_is 0
 [ "$(grep -c '  pon$' "$work/out")" -eq 8 ] || fail "expected the eight resources of the group"
-tail -n 1 "$work/out" | grep -q '^8 pairs of the group pon registered by libkelmora_json 1\.3\.0, numbers 35 to 45$' ||
+tail -n 1 "$work/out" | grep -q '^8 pairs of the group pon registered by libkelmora_json 1\.3\.0: numbers 35 to 38, 40 to 42 and 45$' ||
     fail "expected the totals of the group last"
 
 try list --group wireless --json
@@ -112,7 +112,10 @@ out_has ' {"number": 20, "resource": "site_survey", "directions": "to only", "gr
 try list --group garden
 status_is 2
 out_is ""
-err_has "kelmora-host: error: --group: garden not in {"
+err_has 'kelmora-host: error: no group "garden"; the groups are device, diagnostics, firewall, ipv6, '
+
+try list --group wirless
+fails_with 2 'kelmora-host: error: no group "wirless"; similar: wireless'
 
 # ---- show
 
@@ -129,13 +132,19 @@ try show site_survey --id 0
 succeeds "$survey0"
 
 try show radio --id radio9
-fails_with 2 'kelmora-host: error: radio: no record of the id "radio9"; there are 2: radio0, radio1'
+fails_with 2 'kelmora-host: error: radio has no record of the id "radio9"; similar: radio0 and radio1'
 
 try show radios
 fails_with 2 'kelmora-host: error: no resource "radios"; similar: radio'
 
+try show system --id x
+fails_with 2 'kelmora-host: error: system has no record of the id "x"; the only one is 0'
+
+try show raido
+fails_with 2 'kelmora-host: error: no resource "raido"; similar: radio'
+
 try show radio --json
-fails_with 2 'kelmora-host: error: The following argument was not expected: --json; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: show has no option "--json"; see kelmora-host show --help'
 
 # ---- set: accepted
 
@@ -235,16 +244,43 @@ status_is 1
 out_is '{"accepted": false, "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}]}'
 err_is ""
 
-# ---- every resource: its sample can be shown, and its example written
+# ---- every resource: its sample can be shown, its example written, and the help says which documents are always
+# ---- arrays, and which are always objects
+
+host show --help | tr -s ' \n' ' ' >"$work/help"
+# documented BEGIN END: the words between two of the help's, in lines.
+documented() {
+    sed "s/.*$1//; s/$2.*//; s/ and /,/; s/[ :]//g" "$work/help" | tr ',' '\n' | sort
+}
+: >"$work/arrays"
+: >"$work/objects"
 
 for resource in $(host list | awk '$1 ~ /^[0-9]+$/ && NF > 3 && $2 != "pairs" { print $2 }'); do
+    try show "$resource" --id "$(host show "$resource" --id '~' 2>&1 | sed 's/.*the only one is //; s/.*there are //; s/[, ].*//')"
+    status_is 0
+    case $(head -c 1 "$work/out") in '[') echo "$resource" >>"$work/arrays" ;; esac
     try show "$resource"
     status_is 0
+    case $(head -c 1 "$work/out") in '{') echo "$resource" >>"$work/objects" ;; esac
     [ ! -f "$examples/$resource.json" ] || {
         try set "$resource" "$examples/$resource.json"
         status_is 0
     }
 done
+
+case="the help of kelmora-host show"
+[ "$(sort "$work/arrays")" = "$(documented 'always arrays, also with --id: those of ' '\. Two')" ] ||
+    fail "expected these as always arrays: $(cat "$work/arrays")"
+[ "$(sort "$work/objects")" = "$(documented 'always objects: those of ' '\. backup')" ] ||
+    fail "expected these as always objects: $(cat "$work/objects")"
+
+# ---- long lists
+
+awk 'BEGIN { printf "{\"mode\": 1, \"mac_list\": [\"02:00:00:00:00:01\""; for (i = 1; i < 70000; ++i) printf ",\"\""; print "]}" }' \
+    >"$work/long"
+try set wlan_access_control "$work/long"
+status_is 0
+err_is ""
 
 # ---- a document that is accepted although something in it is reported
 
@@ -258,27 +294,31 @@ err_is "$work/controller.json: warning: invalid protocol (field \"mtp.protocol\"
 # ---- the command line is wrong
 
 try
-fails_with 2 'kelmora-host: error: A subcommand is required; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show and set; see kelmora-host --help'
 
 try get radio
-fails_with 2 'kelmora-host: error: no command or option "get"; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show and set; see kelmora-host --help'
+
+try lst
+fails_with 2 'kelmora-host: error: no command "lst"; similar: list; see kelmora-host --help'
 
 try set
-fails_with 2 'kelmora-host: error: RESOURCE is required; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: RESOURCE is missing; see kelmora-host set --help'
 
 try set teapot "$examples/radio.json"
 fails_with 2 'kelmora-host: error: no resource "teapot"; kelmora-host list names them all'
 
 try set radio --id radio9 "$work/missing.json"
-fails_with 2 'kelmora-host: error: radio: no record of the id "radio9"; there are 2: radio0, radio1'
+fails_with 2 'kelmora-host: error: radio has no record of the id "radio9"; similar: radio0 and radio1'
 
 try set radio --id radio0 --id radio1 "$examples/radio.json"
-status_is 2
-out_is ""
+fails_with 2 'kelmora-host: error: --id is given more than once; see kelmora-host set --help'
 
-try set radio "$examples/radio.json" "$examples/radio.json"
-status_is 2
-out_is ""
+try set radio "$examples/radio.json" b c
+fails_with 2 'kelmora-host: error: 2 arguments too many: "b" and "c"; see kelmora-host set --help'
+
+try show radio --plugin ""
+fails_with 2 'kelmora-host: error: the PATH of --plugin is empty; see kelmora-host --help'
 
 # ---- the environment fails
 
@@ -295,19 +335,23 @@ try set radio <&-
 fails_with 4 "<stdin>: error: Bad file descriptor"
 
 try set radio "$examples/radio.json" --plugin "$work/missing.so"
-fails_with 4 "kelmora-host: error: $work/missing.so: cannot open shared object file: No such file or directory"
+fails_with 4 "kelmora-host: error: cannot load $work/missing.so: No such file or directory"
 
 try --plugin "$examples/radio.json" list
+fails_with 4 "kelmora-host: error: cannot load $examples/radio.json: it is no shared object"
+
+head -c 20000 "$(dirname "$program")/libkelmora_json.so.1.3.0" >"$work/cut.so"
+try --plugin "$work/cut.so" list
 status_is 4
 out_is ""
-err_has "kelmora-host: error: $examples/radio.json: "
+err_has "kelmora-host: error: cannot load $work/cut.so: it is cut short: it has 20000 bytes, and its segments take "
 
 # Some shared object that the program can load: the C library, found where the program's own loader finds it.
 other=$(ldd "$program" 2>/dev/null | awk '$1 == "libc.so.6" { print $3 }')
 try --plugin "${other:-/lib/libc.so.6}" show radio
 status_is 4
 out_is ""
-err_has "libc.so.6: undefined symbol: kelmora_json_init"
+err_has "libc.so.6 is no libkelmora_json: it does not export kelmora_json_init"
 
 for target in /dev/full -; do
     for arguments in "list" "show radio" "set radio --json $examples/radio.json" "--help" "--version"; do
@@ -347,7 +391,7 @@ out_has "--id ID"
 cp "$program" "$work/kelmora-host"
 program=$work/kelmora-host
 try list
-fails_with 4 "kelmora-host: error: $work/libkelmora_json.so.1.3.0: cannot open shared object file: No such file or directory"
+fails_with 4 "kelmora-host: error: cannot load $work/libkelmora_json.so.1.3.0: No such file or directory"
 
 if [ "$failures" -ne 0 ]; then
     echo "$failures checks failed in $cases cases"

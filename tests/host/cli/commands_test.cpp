@@ -121,6 +121,11 @@ TEST_F(Commands, SuggestResourcesOfASimilarName)
         StatusAndLine(Status::usage, "kelmora-host: error: no resource \"prefix\"; similar: ipv6_prefix_delegation"));
     EXPECT_EQ(failure_of([] { (void)resource_named("radios"); }),
               StatusAndLine(Status::usage, "kelmora-host: error: no resource \"radios\"; similar: radio"));
+    EXPECT_EQ(failure_of([] { (void)resource_named("raido"); }).second,
+              "kelmora-host: error: no resource \"raido\"; similar: radio");
+    EXPECT_EQ(failure_of([] { (void)resource_named("static_route"); }).second,
+              "kelmora-host: error: no resource \"static_route\"; similar: static_routing, ipv6_static_route and "
+              "ipv6_static_route_list");
 }
 
 TEST_F(Commands, PointAtTheListWhenNoNameIsSimilar)
@@ -154,19 +159,42 @@ TEST_F(Commands, SelectTheFirstRecordWhenOneIsWantedWithoutAnId)
 
 TEST_F(Commands, NameTheIdsThatThereAreWhenOneIsUnknown)
 {
-    const StatusAndLine expected(Status::usage,
-                                 "kelmora-host: error: door: no record of the id \"side\"; there are 2: front, back");
+    const StatusAndLine expected(
+        Status::usage, "kelmora-host: error: door has no record of the id \"side\"; there are front and back");
     EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, door, "side"); }), expected);
     EXPECT_EQ(failure_of([this] { (void)select_node(gateway, door, "side"); }), expected);
     EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, window, "side"); }).second,
-              "kelmora-host: error: window: no record of the id \"side\"; there are 0");
+              "kelmora-host: error: window has no record of the id \"side\"; the sample gateway has none");
+    EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, resource_named("system"), "x"); }).second,
+              "kelmora-host: error: system has no record of the id \"x\"; the only one is 0");
+}
+
+TEST_F(Commands, SuggestIdsThatAreSimilar)
+{
+    EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, door, "forn"); }).second,
+              "kelmora-host: error: door has no record of the id \"forn\"; there are front and back");
+    EXPECT_EQ(failure_of([this] { (void)select_nodes(gateway, door, "fornt"); }).second,
+              "kelmora-host: error: door has no record of the id \"fornt\"; similar: front");
+}
+
+TEST_F(Commands, KnowTheGroupsOfTheResources)
+{
+    EXPECT_THAT(groups(), ElementsAre("device", "diagnostics", "firewall", "ipv6", "pon", "qos", "remote_mgmt",
+                                      "routing", "wan_lan", "wireless"));
+    EXPECT_NO_THROW(check_group("pon"));
+    EXPECT_EQ(failure_of([] { check_group("wirless"); }),
+              StatusAndLine(Status::usage, "kelmora-host: error: no group \"wirless\"; similar: wireless"));
+    EXPECT_EQ(failure_of([] { check_group(""); }),
+              StatusAndLine(Status::usage,
+                            "kelmora-host: error: no group \"\"; the groups are device, diagnostics, firewall, ipv6, "
+                            "pon, qos, remote_mgmt, routing, wan_lan and wireless"));
 }
 
 TEST_F(Commands, SelectNothingWhereThereIsNoRecord)
 {
     EXPECT_THAT(select_nodes(gateway, window, std::nullopt), IsEmpty());
     EXPECT_EQ(failure_of([this] { (void)select_node(gateway, window, std::nullopt); }),
-              StatusAndLine(Status::usage, "kelmora-host: error: window: the sample gateway has no record of it"));
+              StatusAndLine(Status::usage, "kelmora-host: error: the sample gateway has no record of window"));
 }
 
 TEST_F(Commands, SelectCopiesOfTheGatewaysRecords)
@@ -185,7 +213,7 @@ TEST_F(Commands, ListTheResourcesOfAGroupAsATable)
               "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
               "     5  radio                             both        wireless\n"
               "    20  site_survey                       to only     wireless\n"
-              "2 pairs of the group wireless registered by libkelmora_json 9.8.7, numbers 5 to 20\n");
+              "2 pairs of the group wireless registered by libkelmora_json 9.8.7: numbers 5 and 20\n");
 }
 
 TEST_F(Commands, ListAllResourcesInTheOrderOfTheirNumbers)
@@ -194,7 +222,7 @@ TEST_F(Commands, ListAllResourcesInTheOrderOfTheirNumbers)
     EXPECT_EQ(std::ranges::count(table, '\n'), 1 + 98 + 1);
     EXPECT_THAT(table, HasSubstr("\n     0  wireless  "));
     EXPECT_LT(table.find("\n     5  radio  "), table.find("\n    20  site_survey  "));
-    EXPECT_THAT(table, HasSubstr("\n98 pairs registered by libkelmora_json 9.8.7, numbers 0 to 97\n"));
+    EXPECT_THAT(table, HasSubstr("\n98 pairs registered by libkelmora_json 9.8.7: numbers 0 to 97\n"));
 }
 
 TEST_F(Commands, ListOnlyWhatIsRegistered)
@@ -203,7 +231,7 @@ TEST_F(Commands, ListOnlyWhatIsRegistered)
     kelmora_set_translators(20, nothing_from, nothing_to);
     EXPECT_EQ(list_as_table("", "9.8.7"), "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
                                           "    20  site_survey                       to only     wireless\n"
-                                          "1 pair registered by libkelmora_json 9.8.7, numbers 20 to 20\n");
+                                          "1 pair registered by libkelmora_json 9.8.7: number 20\n");
     EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"to only\", "
                                 "\"group\": \"wireless\"}]");
     EXPECT_EQ(list_as_json("device"), "[]");

@@ -5,6 +5,7 @@
 
 #include "kelmora_host.h"
 
+#include <ctime>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
@@ -50,12 +51,28 @@ TEST(WlanAccessControlList, ReplacesTheOneThatWasThere)
     EXPECT_STREQ(record.mac_list->mac, "");
 }
 
-TEST(WlanAccessControlList, IsEmptyWhenItWouldBeTooLong)
+TEST(WlanAccessControlList, HasNoLimitOfItsOwn)
 {
     Record owner(kelmora_wlan_access_control{});
     auto &record = owner.as<kelmora_wlan_access_control>();
-    kelmora_wlan_access_control_allocate_list(&record, longest_list + 1);
-    EXPECT_EQ(record.mac_list, nullptr);
+    kelmora_wlan_access_control_allocate_list(&record, 70000);
+    EXPECT_EQ(length(record.mac_list), 70000U);
+}
+
+TEST(WlanAccessControlList, IsEmptyWhenThereIsNoRoomForIt)
+{
+    Record owner(kelmora_wlan_access_control{});
+    auto &record = owner.as<kelmora_wlan_access_control>();
+    {
+        const ListLimit limit(2);
+        kelmora_wlan_access_control_allocate_list(&record, 3);
+        EXPECT_EQ(record.mac_list, nullptr);
+        kelmora_wlan_access_control_allocate_list(&record, 2);
+        EXPECT_EQ(length(record.mac_list), 2U);
+    }
+    const FreeLost free_lost(owner);
+    kelmora_wlan_access_control_allocate_list(&record, 3);
+    EXPECT_EQ(length(record.mac_list), 3U);
 }
 
 TEST(ParentalControlList, HasExactlyAsManyEntriesAsAskedFor)
@@ -68,12 +85,13 @@ TEST(ParentalControlList, HasExactlyAsManyEntriesAsAskedFor)
     EXPECT_THAT(errors.errors, IsEmpty());
 }
 
-TEST(ParentalControlList, IsRefusedWhenItWouldBeTooLong)
+TEST(ParentalControlList, IsRefusedWhenThereIsNoRoomForIt)
 {
     Record owner(kelmora_parental_control{});
     auto &record = owner.as<kelmora_parental_control>();
     kelmora_errorlist errors;
-    EXPECT_EQ(kelmora_parental_control_allocate_list(&record, longest_list + 1, &errors), 0);
+    const ListLimit limit(2);
+    EXPECT_EQ(kelmora_parental_control_allocate_list(&record, 3, &errors), 0);
     EXPECT_EQ(record.parental_control_list, nullptr);
     EXPECT_THAT(errors.errors, ElementsAre(Error{"parental_control_list", "no room for the list", "host"}));
 }
@@ -100,6 +118,24 @@ TEST(Ipv6DhcpLists, CutATextThatTheirNodesCannotHold)
     kelmora_ipv6_dhcp_dns_servers_add(&record, std::string(300, 'a').c_str());
     EXPECT_EQ(record.domains->domain, std::string(254, 'd'));
     EXPECT_EQ(record.dns_servers->address, std::string(45, 'a'));
+}
+
+TEST(Ipv6DhcpLists, TakeTimeInProportionToTheirLength)
+{
+    constexpr std::size_t entries = 100000; // walking the list for each would take minutes
+    Record owner(kelmora_ipv6_dhcp_server{});
+    auto &record = owner.as<kelmora_ipv6_dhcp_server>();
+    const std::clock_t begin = std::clock();
+    {
+        const FreeLost free_lost(owner);
+        for (std::size_t i = 0; i < entries; ++i) {
+            kelmora_ipv6_dhcp_domains_add(&record, "home.example");
+            kelmora_ipv6_dhcp_dns_servers_add(&record, "2001:db8::53");
+        }
+    }
+    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, 20);
+    EXPECT_EQ(length(record.domains), entries);
+    EXPECT_EQ(length(record.dns_servers), entries);
 }
 
 TEST(Tr369Lists, GrowByCopiesOfWhatTheyAreGiven)

@@ -352,10 +352,8 @@ TEST_F(ParentalControlFrom, StoresAnyNumberOfRules)
 TEST_F(ParentalControlFrom, LeavesItToTheHostToReportThatItHasNoRoom)
 {
     record().parental_control_list = kelmora_host::make_chain<Rule>({{.username = "old"}});
-    std::string json = "[0";
-    for (std::uint32_t i = 0; i < kelmora_host::longest_list; ++i)
-        json += ",0";
-    EXPECT_TRUE(rejects(with(document, list_name, json + "]"), list_name, "no room for the list", "host"));
+    const kelmora_host::ListLimit limit(2);
+    EXPECT_TRUE(rejects(with(document, list_name, "[0, 0, 0]"), list_name, "no room for the list", "host"));
     EXPECT_EQ(record().enabled, 1);
 }
 

@@ -5,6 +5,8 @@
 #include "kelmora_json.h"
 #include "records/wireless.h"
 
+#include <optional>
+
 namespace kelmora_test {
 
 namespace {
@@ -110,14 +112,14 @@ protected:
     /// The document with another list.
     static std::string listing(const std::string &json) { return with(document, "mac_list", json); }
 
-    /// A list of one element more than the host has room for.
-    static std::string too_many(const std::string &element)
+    /// A list of one element more than the host has room for from now on.
+    std::string too_many(const std::string &element)
     {
-        std::string json = "[" + element;
-        for (std::uint32_t i = 0; i < kelmora_host::longest_list; ++i)
-            json += "," + element;
-        return listing(json + "]");
+        limit_.emplace(2);
+        return listing("[" + element + "," + element + "," + element + "]");
     }
+
+    std::optional<kelmora_host::ListLimit> limit_;
 };
 
 TEST_F(WlanAccessControlFrom, StoresEveryKey)

@@ -1,0 +1,2 @@
+/* Something to load. */
+int hollow_module;
