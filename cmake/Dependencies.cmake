@@ -1,7 +1,7 @@
 # What must be there from outside: jansson's header for the library; jansson, CLI11, {fmt} and RapidJSON for the
-# development host; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same machine and
-# with the same flags as the tests, or else an installed one. The benchmarks take callgrind's header and the libraries of
-# their peers where these are.
+# development host; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same
+# machine and with the same flags as the tests, or else an installed one. The benchmarks take callgrind's header, and
+# the other libraries that they compare with where these are.
 
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
@@ -34,10 +34,10 @@ elseif(KELMORA_HAVE_HOST_DEPENDENCIES)
     message(WARNING "GoogleTest not found: the tests are left out")
 endif()
 
-set(KELMORA_HAVE_PEERS OFF)
+set(KELMORA_HAVE_OTHER_LIBRARIES OFF)
 if(CJSON_INCLUDE_DIR AND CJSON_LIBRARY AND JSON_C_INCLUDE_DIR AND JSON_C_LIBRARY AND RAPIDJSON_INCLUDE_DIR
    AND NLOHMANN_JSON_INCLUDE_DIR)
-    set(KELMORA_HAVE_PEERS ON)
+    set(KELMORA_HAVE_OTHER_LIBRARIES ON)
 endif()
 
 add_library(jansson::headers INTERFACE IMPORTED)

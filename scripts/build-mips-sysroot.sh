@@ -1,7 +1,7 @@
 #!/bin/sh
 # Builds what the MIPS build links and includes besides the cross compiler's own files, at build/mips-sysroot:
-# the JSON library, from the source package that install-dependencies.sh fetched, and a view of the headers of CLI11 and
-# RapidJSON (the native /usr/include as a whole would not do: it holds the native libc's headers too).
+# the JSON library, from the source package that install-dependencies.sh fetched, and a view of the libraries that are
+# headers alone (the native /usr/include as a whole would not do: it holds the native libc's headers too).
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -14,7 +14,7 @@ done
 [ ! -f "$sysroot/complete" ] || exit 0
 
 if [ ! -f build/jansson-source/CMakeLists.txt ]; then
-    echo "build-mips-sysroot: no source of the JSON library; run scripts/install-dependencies.sh" >&2
+    echo "build-mips-sysroot: no source of the JSON library; run: make mips" >&2
     exit 1
 fi
 

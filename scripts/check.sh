@@ -2,7 +2,7 @@
 # Everything that must hold before a change lands. Stops at the first failure. What a machine without the tools for it
 # had to leave out is said at the end; with CI=true that is a failure.
 set -u
-cd "$(dirname "$0")/.."
+cd "$(dirname "$0")/.." || exit 1
 
 mkdir -p build
 touch build/missing.txt

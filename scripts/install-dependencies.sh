@@ -1,16 +1,53 @@
 #!/bin/sh
-# Installs what building, testing and linting need, and fetches the JSON library's source for the MIPS build.
-# Debian 12 or a relative of it, as root or through sudo. Silent when everything is there already.
+# install-dependencies.sh WANTED...: installs what is wanted and not there yet, says what, and is silent when nothing is
+# missing. WANTED is a group of the table below. Installs on Debian 12 or a relative of it, as root or through a sudo
+# that asks for no password; elsewhere it says what is missing.
 #
-# Exit status: 0 when everything is there, 1 when a native build is impossible, 3 when only optional parts are
-# missing (what and how to get it is said on stderr, and written to build/missing.txt for `make check` to repeat).
+# Exit status: 0 when everything is there, 1 when nothing can be built, 3 when something else that was wanted is missing
+# (which is said on stderr, and written to build/missing.txt for `make check` to repeat).
 set -u
 cd "$(dirname "$0")/.." || exit 1
 
-required="g++ cmake ninja-build pkg-config binutils libjansson-dev googletest libcli11-dev libfmt-dev rapidjson-dev"
-optional="ccache clang clang-format clang-tidy libclang-rt-14-dev llvm g++-mips-linux-gnu qemu-user dpkg-dev gcovr python3 locales mandoc"
-optional="$optional python3-clang-14" # for scripts/generate_fields.py
-optional="$optional valgrind libbenchmark-dev libcjson-dev libjson-c-dev nlohmann-json3-dev" # for bench/
+# GROUP PACKAGE PROBE: a command or a header that comes with the package tells whether it is there on another
+# distribution; - where nothing does.
+table() {
+    cat <<'EOT'
+library     g++                 g++
+library     cmake               cmake
+library     ninja-build         ninja
+library     libjansson-dev      jansson.h
+host        libcli11-dev        CLI/CLI.hpp
+host        libfmt-dev          fmt/color.h
+host        rapidjson-dev       rapidjson/document.h
+test        googletest          gmock/gmock.h
+test        ccache              ccache
+test        pkg-config          pkg-config
+test        python3             python3
+test        valgrind            valgrind
+test        locales             localedef
+sanitize    clang               clang++
+sanitize    libclang-rt-14-dev  -
+sanitize    llvm                llvm-symbolizer
+mips        g++-mips-linux-gnu  mips-linux-gnu-g++
+mips        qemu-user           qemu-mips
+mips        dpkg-dev            dpkg-source
+lint        clang-format        clang-format
+lint        clang-tidy          clang-tidy
+lint        shellcheck          shellcheck
+lint        mandoc              mandoc
+lint        python3-clang-14    -
+bench       python3             python3
+bench       valgrind            valgrind
+bench       libbenchmark-dev    benchmark/benchmark.h
+libraries   libcjson-dev        cjson/cJSON.h
+libraries   libjson-c-dev       json-c/json.h
+libraries   rapidjson-dev       rapidjson/document.h
+libraries   nlohmann-json3-dev  nlohmann/json.hpp
+coverage    gcovr               gcovr
+EOT
+}
+
+groups=" $* "
 jansson_source=build/jansson-source
 
 mkdir -p build
@@ -18,19 +55,46 @@ mkdir -p build
 
 say() { echo "install-dependencies: $*" >&2; }
 
-# leave_out WHAT HOW: an optional part that could not be had.
-leave_out() {
-    say "cannot get $1; $2"
-    echo "$1 ($2)" >>build/missing.txt
+# wanted GROUP
+wanted() {
+    case $groups in *" $1 "*) return 0 ;; esac
+    return 1
 }
 
-installed() { dpkg-query -W -f '${Status}' "$1" 2>/dev/null | grep -q 'ok installed'; }
-
-missing_of() {
-    for package in "$@"; do
-        installed "$package" || printf '%s ' "$package"
-    done
+# packages_of_wanted: PACKAGE PROBE, once each.
+packages_of_wanted() {
+    table | while read -r group package probe; do
+        ! wanted "$group" || echo "$package $probe"
+    done | awk '!seen[$1]++'
 }
+
+# there PROBE: a command, or a header that the compiler finds.
+there() {
+    case $1 in
+    -) true ;;
+    *.h | *.hpp) echo "#include <$1>" | c++ -E -x c++ - >/dev/null 2>&1 ;;
+    *) command -v "$1" >/dev/null ;;
+    esac
+}
+
+# missing: the wanted packages that are not there, on one line.
+if command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; then
+    debian=true
+    missing() {
+        packages_of_wanted | cut -d ' ' -f 1 >build/wanted.txt
+        # shellcheck disable=SC2046 # names of packages are words
+        dpkg-query -W -f '${db:Status-Status} ${Package}\n' $(cat build/wanted.txt) 2>/dev/null |
+            sed -n 's/^installed //p' | awk 'NR == FNR { there[$1]; next } !($1 in there)' - build/wanted.txt |
+            paste -s -d ' ' -
+    }
+else
+    debian=false
+    missing() {
+        packages_of_wanted | while read -r package probe; do
+            there "$probe" || echo "$package"
+        done | paste -s -d ' ' -
+    }
+fi
 
 # as_root COMMAND...: runs it as root, directly or through sudo without asking for a password.
 as_root() {
@@ -45,29 +109,26 @@ apt_install() {
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends "$@" >build/apt.log 2>&1
 }
 
-install_packages() {
-    # shellcheck disable=SC2086 # the lists are words on purpose
-    missing=$(missing_of $required $optional)
-    [ -n "$missing" ] || return 0
+# install PACKAGE...
+install() {
     if ! as_root true 2>/dev/null; then
-        say "neither root nor a sudo that asks for no password; not installing: $missing"
-        return 0
+        say "neither root nor a sudo that asks for no password; not installing: $*"
+        return
     fi
-    say "installing: $missing"
-    # Known package lists may be old or absent; a stale one still serves when the update fails.
+    say "installing: $*"
+    # Known package lists may be old or absent; an old one still serves when the update fails.
     as_root apt-get update -q >build/apt.log 2>&1 || say "apt-get update failed, see build/apt.log"
-    # shellcheck disable=SC2086
-    apt_install $missing && return 0
+    apt_install "$@" && return
     say "not all at once, see build/apt.log; one by one"
-    for package in $missing; do
+    for package in "$@"; do
         apt_install "$package" || say "failed: $package, see build/apt.log"
     done
 }
 
 # The source package of exactly the version that the native build uses. apt checks its signature; sources, lists and
 # caches are temporary, made from the system's own list of sources, so that no system configuration changes.
+# shellcheck disable=SC2016 # what apt-get replaces
 fetch_jansson_source() {
-    [ -f "$jansson_source/CMakeLists.txt" ] && return 0
     version=$(dpkg-query -W -f '${source:Version}' libjansson-dev) || return 1
     say "fetching the source of jansson $version for the MIPS build"
     work=$(mktemp -d) || return 1
@@ -95,23 +156,31 @@ EOT
     return $status
 }
 
-if command -v dpkg-query >/dev/null && command -v apt-get >/dev/null; then
-    install_packages
-    # shellcheck disable=SC2086
-    lacking=$(missing_of $required)
-    if [ -n "$lacking" ]; then
-        say "cannot build without: $lacking"
+lacking=$(missing)
+if [ -n "$lacking" ] && $debian; then
+    # shellcheck disable=SC2086 # names of packages are words
+    install $lacking
+    lacking=$(missing)
+fi
+for package in $lacking; do
+    echo "$package" >>build/missing.txt
+done
+if [ -n "$lacking" ]; then
+    $debian && how="apt-get install $lacking" || how="no Debian system: install the counterparts of $lacking"
+    say "missing: $how"
+fi
+for package in g++ cmake ninja-build libjansson-dev; do
+    case " $lacking " in *" $package "*)
+        say "cannot build without $package"
         exit 1
+        ;;
+    esac
+done
+
+if wanted mips && [ ! -f "$jansson_source/CMakeLists.txt" ]; then
+    if ! $debian || ! there mips-linux-gnu-g++ || ! there dpkg-source || ! fetch_jansson_source; then
+        say "missing: the source package of jansson, from a Debian mirror that carries sources; see build/jansson-source.log"
+        echo "the source package of jansson" >>build/missing.txt
     fi
-    for package in $optional; do
-        installed "$package" || leave_out "$package" "apt-get install $package"
-    done
-    if installed g++-mips-linux-gnu && installed dpkg-dev; then
-        fetch_jansson_source || leave_out "the source package of jansson" \
-            "needs the network and a Debian mirror that carries sources; see build/jansson-source.log"
-    fi
-else
-    say "this is no Debian system; nothing was installed"
-    leave_out "Debian's packages" "install the counterparts of: $required $optional"
 fi
 [ ! -s build/missing.txt ] || exit 3

@@ -40,7 +40,7 @@ awk '{ print "tests/translators/" $3 "/" $2 "_test.cpp" }' "$work/rows" >"$work/
 find tests/translators -name '*.cpp' >"$work/found"
 compare "tests of the units" "$work/tests" "$work/found"
 
-while read -r number name group directions; do
+while read -r number name group _; do
     grep -q "^struct kelmora_$name {" "include/records/$group.h" || {
         echo "record $number: no struct kelmora_$name in include/records/$group.h"
         status=1
