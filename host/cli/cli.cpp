@@ -2,16 +2,23 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/diagnostics.h"
+#include "host/cli/pretty.h"
+#include "host/cli/report.h"
+#include "host/cli/style.h"
 #include "host/cli/usage.h"
+#include "host/json.h"
 #include "host/plugin/plugin.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <exception>
 #include <filesystem>
 #include <jansson.h>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <string_view>
+#include <unistd.h>
 #include <vector>
 
 namespace kelmora_host {
@@ -22,14 +29,16 @@ constexpr const char *footer = R"(Examples:
   kelmora-host list --group wireless
   kelmora-host show wireless
   kelmora-host show radio --id radio1
-  kelmora-host set radio --id radio0 examples/radio.json
-  kelmora-host show radio --id radio1 | kelmora-host set radio --json
+  kelmora-host check radio examples/radio.json
+  kelmora-host try radio --id radio0 --pretty examples/radio.json
+  kelmora-host trace radio examples/radio.json
+  kelmora-host show radio --id radio1 | kelmora-host try radio --json
 
 Exit status:
-  0  done
-  1  the document was rejected, or a record could not be written
+  0  done; of check: the documents are accepted, and nothing of them is lost
+  1  a document is rejected, or a record could not be shown
   2  the command line is wrong: no such resource, record, command or option
-  3  reserved
+  3  of check: the documents are accepted, and something is lost
   4  the environment fails: the plug-in does not load, a file cannot be read,
      the output cannot be written)";
 
@@ -39,13 +48,19 @@ factory_default, gem_port_stats, lan, neighbour_hosts and session.
 Two are always objects: those of mirroring and parental_control.
 backup_restore is no JSON: its 8 bytes are printed in hexadecimal.)";
 
+constexpr const char *check_footer =
+    R"(Findings have codes: cut, wrapped, wrong-type, unknown, read-only, ignored,
+repeated, empty, not-an-object, entries. Notes do not change the exit status.)";
+
 struct Arguments {
     std::optional<std::string> plugin;
     std::optional<std::string> group;
     std::string resource;
     std::optional<std::string> id;
     std::string file = "-";
+    std::vector<std::string> files{"-"}; ///< of the command that takes several
     bool json = false;
+    bool pretty = false;
 };
 
 std::string group_footer()
@@ -61,7 +76,7 @@ struct CommandLine {
     CommandLine()
     {
         app.require_subcommand(1);
-        for (CLI::App *command : {list, show, set}) {
+        for (CLI::App *command : {list, show, check, attempt, trace}) {
             command->fallthrough(); // options of the whole program may stand behind the command, too
             command->group("Commands");
         }
@@ -81,12 +96,43 @@ struct CommandLine {
 
         add_resource(show);
         show->add_option("--id", given.id, "Only this record, as a JSON object instead of an array")->type_name("ID");
+        add_pretty(show);
         show->footer(show_footer);
 
-        add_resource(set);
-        set->add_option("FILE", given.file, "The document; the standard input when it is - or absent")->type_name("");
-        set->add_option("--id", given.id, "The record to write into; the first one by default")->type_name("ID");
-        add_json(set, "Print what became of the document as a JSON object");
+        add_resource(check);
+        check->add_option("FILE", given.files, "The documents; the standard input when it is - or absent")
+            ->type_name("");
+        add_target_id(check);
+        add_json(check, "Print a JSON object a line for each document");
+        check->footer(check_footer);
+
+        add_resource(attempt);
+        add_file(attempt);
+        add_target_id(attempt);
+        add_pretty(attempt);
+        add_json(attempt, "Print the record and the findings as a JSON object");
+
+        add_resource(trace);
+        add_file(trace);
+        add_target_id(trace);
+        add_json(trace, "Print the steps as a JSON object");
+    }
+
+    void add_file(CLI::App *command)
+    {
+        command->add_option("FILE", given.file, "The document; the standard input when it is - or absent")
+            ->type_name("");
+    }
+
+    void add_target_id(CLI::App *command)
+    {
+        command->add_option("--id", given.id, "The record that it is for; the first one by default")->type_name("ID");
+    }
+
+    void add_pretty(CLI::App *command)
+    {
+        command->add_flag("--pretty", given.pretty, "Print the record for a reader's eyes, over several lines")
+            ->disable_flag_override();
     }
 
     void add_resource(CLI::App *command)
@@ -104,7 +150,9 @@ struct CommandLine {
                  std::string(program_name)};
     CLI::App *list = app.add_subcommand("list", "List the resources whose translators the plug-in registers");
     CLI::App *show = app.add_subcommand("show", "Print a resource's records as JSON");
-    CLI::App *set = app.add_subcommand("set", "Write a JSON document into a copy of a record, and print it");
+    CLI::App *check = app.add_subcommand("check", "Tell what is wrong with documents, and what of them is lost");
+    CLI::App *attempt = app.add_subcommand("try", "Have a copy of a record take a document, and print that record");
+    CLI::App *trace = app.add_subcommand("trace", "Print every step of the plug-in's in a document");
 };
 
 Plugin load_plugin(const Arguments &given)
@@ -125,6 +173,30 @@ void run_list(const Arguments &given, std::ostream &out)
     out << (given.json ? list_as_json(group) + "\n" : list_as_table(group, plugin.version()));
 }
 
+/// Tells of a failure: a line for people, or for programs a JSON object, of a file where it has a name. file: NULL for
+/// people.
+void tell(const std::string &line, const std::string &message, Status status, const std::string *file,
+          std::ostream &out, std::ostream &err)
+{
+    if (file == nullptr) {
+        err << line << "\n";
+        return;
+    }
+    const Json object(json_object());
+    if (!file->empty())
+        json_object_set_new(object.get(), "file", json_text(*file));
+    json_object_set_new(object.get(), "error", json_text(message));
+    json_object_set_new(object.get(), "status", json_integer(static_cast<json_int_t>(status)));
+    out << to_text(object) << "\n";
+}
+
+/// Prints a record, when there is one.
+void print_record(const std::string &record, const Arguments &given, std::ostream &out)
+{
+    if (!record.empty())
+        out << (given.pretty ? pretty(record, Style::of(STDOUT_FILENO)) : record) << "\n";
+}
+
 void run_show(const Arguments &given, std::ostream &out, std::ostream &err)
 {
     const Gateway gateway = sample_gateway();
@@ -134,11 +206,59 @@ void run_show(const Arguments &given, std::ostream &out, std::ostream &err)
 
     const std::string text = show(resource, nodes, !given.id);
     err << show_warning(resource);
-    if (!text.empty())
-        out << text << "\n";
+    print_record(text, given, out);
 }
 
-Status run_set(const Arguments &given, std::ostream &out, std::ostream &err)
+Status status_of(CheckResult result)
+{
+    switch (result) {
+    case CheckResult::lossless:
+        break;
+    case CheckResult::lossy:
+        return Status::lossy;
+    case CheckResult::rejected:
+        return Status::rejected;
+    }
+    return Status::done;
+}
+
+/// Of two the one that is worse news.
+Status worse(Status one, Status two)
+{
+    static constexpr Status by_badness[] = {Status::done, Status::lossy, Status::rejected, Status::usage,
+                                            Status::environment};
+    return std::ranges::find(by_badness, one) < std::ranges::find(by_badness, two) ? two : one;
+}
+
+/// Checks one file and tells of it.
+Status check_file(const std::string &file, const Resource &resource, const Node &node, const Arguments &given,
+                  std::ostream &out)
+{
+    const CheckedFile checked = check_document(resource, node, read_input(file));
+    out << (given.json ? to_text(as_json(checked)) + "\n" : diagnostics(checked, Style::of(STDOUT_FILENO)));
+    return status_of(checked.check.result);
+}
+
+Status run_check(const Arguments &given, std::ostream &out, std::ostream &err)
+{
+    const Gateway gateway = sample_gateway();
+    const Resource &resource = resource_named(given.resource);
+    const Node node = select_node(gateway, resource, given.id);
+    load_plugin(given);
+
+    Status worst = Status::done;
+    for (const std::string &file : given.files) {
+        try {
+            worst = worse(worst, check_file(file, resource, node, given, out));
+        } catch (const Failure &failure) { // the other files count all the same
+            tell(failure.what(), failure.message(), failure.status(), given.json ? &file : nullptr, out, err);
+            worst = worse(worst, failure.status());
+        }
+    }
+    return worst;
+}
+
+Status run_try(const Arguments &given, std::ostream &out, std::ostream &err)
 {
     const Gateway gateway = sample_gateway();
     const Resource &resource = resource_named(given.resource);
@@ -146,16 +266,26 @@ Status run_set(const Arguments &given, std::ostream &out, std::ostream &err)
     const Input input = read_input(given.file);
     load_plugin(given);
 
-    const Outcome outcome = set(resource, node, input.text);
-    if (outcome.accepted)
-        err << set_warning(resource);
-    if (given.json)
-        out << outcome_as_json(outcome) << "\n";
-    else
-        err << errors_as_lines(outcome, input.name);
-    if (!given.json && !outcome.record.empty())
-        out << outcome.record << "\n";
-    return outcome.accepted ? Status::done : Status::rejected;
+    const CheckedFile tried = try_document(resource, node, input);
+    if (given.json) {
+        out << to_text(as_json(tried)) << "\n";
+    } else {
+        err << diagnostics(tried, Style::of(STDERR_FILENO));
+        print_record(tried.record.value_or(""), given, out);
+    }
+    if (tried.record)
+        err << try_note(resource);
+    return tried.check.result == CheckResult::rejected ? Status::rejected : Status::done;
+}
+
+void run_trace(const Arguments &given, std::ostream &out)
+{
+    const Gateway gateway = sample_gateway();
+    const Resource &resource = resource_named(given.resource);
+    const Node node = select_node(gateway, resource, given.id);
+    const Input input = read_input(given.file);
+    load_plugin(given);
+    out << trace_document(resource, node, input, given.json, Style::of(STDOUT_FILENO));
 }
 
 /// Throws Failure (usage) when a path is empty: no file has that name.
@@ -163,8 +293,9 @@ void check_paths(const CommandLine &line)
 {
     if (line.given.plugin && line.given.plugin->empty())
         throw Failure(Status::usage, "the PATH of --plugin is empty" + see_help());
-    if (line.given.file.empty())
-        throw Failure(Status::usage, "the name of the FILE is empty" + see_help(line.set));
+    const std::vector<std::string> &files = line.given.files;
+    if (line.given.file.empty() || std::ranges::find(files, "") != files.end())
+        throw Failure(Status::usage, "the name of the FILE is empty" + see_help(line.app.get_subcommands().front()));
 }
 
 Status dispatch(int argc, const char *const *argv, std::ostream &out, std::ostream &err)
@@ -179,9 +310,13 @@ Status dispatch(int argc, const char *const *argv, std::ostream &out, std::ostre
         return Status::done;
     }
     check_paths(line);
-    if (line.set->parsed())
-        return run_set(line.given, out, err);
-    if (line.show->parsed())
+    if (line.check->parsed())
+        return run_check(line.given, out, err);
+    if (line.attempt->parsed())
+        return run_try(line.given, out, err);
+    if (line.trace->parsed())
+        run_trace(line.given, out);
+    else if (line.show->parsed())
         run_show(line.given, out, err);
     else
         run_list(line.given, out);
@@ -201,15 +336,18 @@ Status dispatch_and_flush(int argc, const char *const *argv, std::ostream &out, 
 int run(int argc, const char *const *argv, std::ostream &out, std::ostream &err)
 {
     Status status{};
+    const std::string no_file;
+    const bool as_json = std::find(argv + 1, argv + argc, std::string_view("--json")) != argv + argc;
     json_object_seed(0); // jansson's hashes, before they are used: at random, and before there are threads
     try {
         status = dispatch_and_flush(argc, argv, out, err);
     } catch (const Failure &failure) {
-        err << failure.what() << "\n";
+        tell(failure.what(), failure.message(), failure.status(), as_json && out ? &no_file : nullptr, out, err);
         status = failure.status();
     } catch (const std::exception &error) {
-        err << error_line(program_name, error.what()) << "\n";
         status = Status::environment;
+        tell(error_line(program_name, error.what()), error.what(), status, as_json && out ? &no_file : nullptr, out,
+             err);
     }
     return static_cast<int>(status);
 }

@@ -1,8 +1,11 @@
 #include "host/cli/commands.h"
 
 #include "host/cli/diagnostics.h"
-#include "host/names.h"
+#include "host/cli/steps.h"
+#include "host/contract/syntax.h"
+#include "host/contract/trace.h"
 #include "host/json.h"
+#include "host/names.h"
 #include "host/plugin/translate.h"
 
 #include <algorithm>
@@ -18,9 +21,9 @@ std::string_view text_of(Directions directions)
 {
     switch (directions) {
     case Directions::to_only:
-        return "to only";
+        return "read-only";
     case Directions::from_only:
-        return "from only";
+        return "write-only";
     case Directions::both:
         break;
     }
@@ -79,24 +82,6 @@ const Registration &translators_of(const Resource &resource)
     return *registration;
 }
 
-std::string about(const DocumentError &error, std::string_view input_name)
-{
-    std::ostringstream text;
-    text << input_name;
-    if (error.place)
-        text << ":" << error.place->line << ":" << error.place->column;
-    return text.str();
-}
-
-std::string message(const DocumentError &error)
-{
-    if (error.place)
-        return error.place->what.empty() ? error.error.message : error.error.message + ": " + error.place->what;
-    if (error.error.source == program_name)
-        return error.error.message; // of the host's own, so of no field
-    return error.error.message + " (field \"" + error.error.field + "\", source \"" + error.error.source + "\")";
-}
-
 /// "00 7f ..." of the bytes.
 std::string hexadecimal(const std::string &bytes)
 {
@@ -105,35 +90,6 @@ std::string hexadecimal(const std::string &bytes)
     for (const char byte : bytes)
         text << (text.tellp() > 0 ? " " : "") << std::setw(2) << +static_cast<unsigned char>(byte);
     return text.str();
-}
-
-/// The error of a text that does not get as far as the plug-in.
-Outcome refused(const std::string &message, const std::optional<Fault> &place)
-{
-    return {false, "", {{{"", message, std::string(program_name)}, place}}};
-}
-
-/// The record as JSON, where it is; NULL where it should be and is not.
-json_t *record_of(const Outcome &outcome)
-{
-    if (outcome.record.empty())
-        return json_null();
-    return outcome.raw ? json_text(outcome.record) : json_loads(outcome.record.c_str(), 0, nullptr);
-}
-
-Json error_as_json(const DocumentError &error)
-{
-    Json object(json_object());
-    json_object_set_new(object.get(), "field", json_text(error.error.field));
-    json_object_set_new(object.get(), "message", json_text(error.error.message));
-    json_object_set_new(object.get(), "source", json_text(error.error.source));
-    if (error.place) {
-        json_object_set_new(object.get(), "line", json_integer(error.place->line));
-        json_object_set_new(object.get(), "column", json_integer(error.place->column));
-        if (!error.place->what.empty())
-            json_object_set_new(object.get(), "detail", json_text(error.place->what));
-    }
-    return object;
 }
 
 } // namespace
@@ -233,76 +189,46 @@ std::string show_warning(const Resource &resource)
 {
     if (resource.directions != Directions::from_only)
         return "";
-    return warning_line(std::string(resource.name) + " is write-only: there is nothing to read") + "\n";
+    return warning_line(std::string(resource.name) + " is write-only: there is nothing to show") + "\n";
 }
 
-Outcome set(const Resource &resource, Node &node, const std::string &text)
+CheckedFile check_document(const Resource &resource, const Node &node, const Input &input)
 {
-    const bool raw = is_raw(resource);
-    if (raw && text.size() != raw_size)
-        return refused(std::string(resource.name) + " takes exactly " + std::to_string(raw_size) +
-                           " raw bytes, no JSON; there are " + std::to_string(text.size()),
-                       std::nullopt);
-    if (const std::optional<Fault> nul = find_nul(text); nul && !raw)
-        return refused(nul->what, Fault{nul->line, nul->column, ""});
-
-    const Decoded answer = from_json(translators_of(resource).from, node, text);
-    Outcome outcome{answer.result == 1, "", {}, raw};
-    if (outcome.accepted) {
-        std::vector<Node> nodes{node};
-        outcome.record = show(resource, nodes, false);
-    }
-    for (const Error &error : answer.errors) {
-        // The plug-in says that a text does not parse, but not why.
-        const bool unparsed = error.field.empty() && error.message == "invalid json data";
-        outcome.errors.push_back({error, unparsed ? find_parse_fault(text) : std::nullopt});
-    }
-    if (!outcome.accepted && outcome.errors.empty())
-        return refused("rejected without an error", std::nullopt);
-    return outcome;
+    return {input.name, resource.name, check(resource, translators_of(resource), node, input.text), std::nullopt,
+            is_raw(resource)};
 }
 
-std::string set_warning(const Resource &resource)
+CheckedFile try_document(const Resource &resource, Node &node, const Input &input)
+{
+    CheckedFile checked = check_document(resource, node, input);
+    if (checked.check.result != CheckResult::rejected) {
+        from_json(translators_of(resource).from, node, input.text);
+        std::vector<Node> nodes{node};
+        checked.record = show(resource, nodes, false);
+    }
+    return checked;
+}
+
+std::string try_note(const Resource &resource)
+{
+    if (resource.directions != Directions::from_only)
+        return "";
+    return note_line(std::string(resource.name) + " is write-only: there is no record to show") + "\n";
+}
+
+std::string trace_document(const Resource &resource, const Node &node, const Input &input, bool as_json,
+                           const Style &style)
 {
     const std::string name(resource.name);
-    switch (resource.directions) {
-    case Directions::to_only:
-        return warning_line(name + " is read-only: the plug-in ignores what is written") + "\n";
-    case Directions::from_only:
-        return warning_line(name + " is write-only: there is nothing to read back") + "\n";
-    case Directions::both:
-        break;
-    }
-    return "";
-}
-
-std::string errors_as_lines(const Outcome &outcome, std::string_view input_name)
-{
-    std::string lines;
-    for (const DocumentError &error : outcome.errors)
-        lines += (outcome.accepted ? warning_line(message(error), about(error, input_name))
-                                   : error_line(about(error, input_name), message(error))) +
-                 "\n";
-    return lines;
-}
-
-std::string outcome_as_json(const Outcome &outcome)
-{
-    const Json object(json_object());
-    json_object_set_new(object.get(), "accepted", json_boolean(outcome.accepted));
-    if (outcome.accepted) {
-        json_t *record = record_of(outcome);
-        if (record == nullptr)
-            throw Failure(Status::rejected, "what the plug-in wrote is no JSON: " + outcome.record);
-        json_object_set_new(object.get(), "record", record);
-    }
-    if (!outcome.accepted || !outcome.errors.empty()) {
-        json_t *errors = json_array();
-        json_object_set_new(object.get(), "errors", errors);
-        for (const DocumentError &error : outcome.errors)
-            json_array_append_new(errors, error_as_json(error).release());
-    }
-    return to_text(object);
+    if (is_raw(resource))
+        throw Failure(Status::rejected, name + " takes raw bytes, in which nothing is looked up");
+    const std::optional<SyntaxError> nul = find_nul_byte(input.text);
+    const std::optional<SyntaxError> error = nul ? nul : find_syntax_error(input.text);
+    if (error)
+        throw Failure(Status::rejected, error->what, place_in(input.name, error->position));
+    const std::optional<Positions> document = Positions::parse(input.text);
+    const Trace traced = trace(resource, translators_of(resource), node, input.text, *document);
+    return as_json ? to_text(steps_as_json(traced, input.name, resource.name)) + "\n" : steps_as_table(traced, style);
 }
 
 } // namespace kelmora_host

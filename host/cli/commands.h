@@ -2,9 +2,10 @@
 #define KELMORA_HOST_CLI_COMMANDS_H
 
 #include "host/cli/input.h"
+#include "host/cli/report.h"
+#include "host/cli/style.h"
 #include "host/gateway/gateway.h"
 #include "host/gateway/resources.h"
-#include "host/plugin/errors.h"
 #include "host/plugin/registry.h"
 
 #include <optional>
@@ -14,7 +15,7 @@
 
 namespace kelmora_host {
 
-// What the program does once its arguments are taken apart. The translators are those of Registry::instance().
+// What the program does once its arguments are parsed. The translators are those of Registry::instance().
 
 /// The resource of this name. Throws Failure (usage) when there is none.
 const Resource &resource_named(std::string_view name);
@@ -43,39 +44,23 @@ std::string list_as_json(std::string_view group);
 /// array of any number of them, even none. Throws Failure (rejected) when the plug-in reports that it did not succeed.
 std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_list);
 
-/// The line that says why there is nothing to show, where the resource cannot be read; else empty.
+/// The line that says why there is nothing to show, where the resource is write-only; else empty.
 std::string show_warning(const Resource &resource);
 
-/// An error of a document, with what the host knows about its place.
-struct DocumentError {
-    Error error;
-    std::optional<Fault> place;
+/// What becomes of a document that would be read into the node's record. file: what the document is called.
+CheckedFile check_document(const Resource &resource, const Node &node, const Input &input);
 
-    bool operator==(const DocumentError &) const = default;
-};
+/// The same, and has the plug-in read it into the node's record: of an accepted one with that record as it then is.
+/// Throws Failure (rejected) when the record cannot be shown.
+CheckedFile try_document(const Resource &resource, Node &node, const Input &input);
 
-/// What became of a document.
-struct Outcome {
-    bool accepted;
-    std::string record;                ///< the record read back; empty when it cannot be read or was not accepted
-    std::vector<DocumentError> errors; ///< why it was not accepted, or what the plug-in reports although it was
-    bool raw = false;                  ///< the record is a raw resource's, and no JSON
-};
+/// The line that says why there is no record to show, where the resource is write-only; else empty.
+std::string try_note(const Resource &resource);
 
-/// Has the plug-in store a document into the node's record. A text with a NUL byte is rejected without asking it, and
-/// for a raw resource one of another size than raw_size. Throws Failure (rejected) when the record cannot be read back.
-Outcome set(const Resource &resource, Node &node, const std::string &text);
-
-/// The line that says what an accepted document did not do, where the resource goes one way only; else empty.
-std::string set_warning(const Resource &resource);
-
-/// The errors as lines for people, each with its end; as warnings when the document was accepted. input_name: what the
-/// document is called.
-std::string errors_as_lines(const Outcome &outcome, std::string_view input_name);
-
-/// The outcome as a JSON object, in which a raw resource's record is a string. Throws Failure (rejected) when the
-/// record of another one is no JSON.
-std::string outcome_as_json(const Outcome &outcome);
+/// Every step of the plug-in's in a document. Throws Failure (rejected) when the text is no document, or the resource's
+/// are not JSON.
+std::string trace_document(const Resource &resource, const Node &node, const Input &input, bool as_json,
+                           const Style &style);
 
 } // namespace kelmora_host
 

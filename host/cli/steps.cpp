@@ -33,8 +33,10 @@ std::string_view name_of(Use use)
 std::vector<std::string_view> read_as(const Step &step)
 {
     std::vector<std::string_view> names;
-    for (const Use use : step.uses)
-        names.push_back(name_of(use));
+    for (const Use use : {Use::string, Use::integer, Use::real, Use::number, Use::object, Use::array, Use::text}) {
+        if (step.uses.contains(use))
+            names.push_back(name_of(use));
+    }
     if (names.empty() && !step.stored.empty())
         names.emplace_back("boolean");
     return names;

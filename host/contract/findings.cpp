@@ -48,7 +48,7 @@ std::string_view name_of(ValueType type)
 
 /// A value that was looked up, and all that was done with it.
 struct Looked {
-    std::set<Use> uses;
+    Uses uses;
     std::vector<Stored> stored;
     bool decides = false;
 };
@@ -64,7 +64,7 @@ public:
             if (step.value == nullptr)
                 continue;
             Looked &looked = looked_[step.value];
-            looked.uses.insert(step.uses.begin(), step.uses.end());
+            looked.uses.insert(step.uses);
             looked.stored.insert(looked.stored.end(), step.stored.begin(), step.stored.end());
             looked.decides = looked.decides || step.decides;
         }
@@ -76,6 +76,9 @@ public:
     {
         for (const TracedError &error : trace_.errors)
             check_.errors.push_back(located(error));
+        if (!accepted() && trace_.errors.empty())
+            check_.errors.push_back(
+                {{"", "rejected without an error", "kelmora-host"}, std::nullopt, std::nullopt, ""});
         check_root();
         find_repeated();
         find_entries();
@@ -158,7 +161,7 @@ private:
 
     void check_value(const Value &value, const Looked &looked)
     {
-        const std::set<Use> &uses = looked.uses;
+        const Uses &uses = looked.uses;
         if (uses.contains(Use::object))
             check_container(value, looked, ValueType::object);
         else if (uses.contains(Use::array))

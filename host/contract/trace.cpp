@@ -168,7 +168,7 @@ bool is_odd(const Value &value)
 
 /// Something of the type that the plug-in reads, and stored otherwise than the value; NULL when it stores nothing.
 /// An integer is another in its lowest bit, and so in fields of every width.
-Json substitute_for(const Value &value, const std::set<Use> &uses)
+Json substitute_for(const Value &value, const Uses &uses)
 {
     if (uses.contains(Use::string))
         return Json(json_text(string_for(value)));
@@ -289,11 +289,22 @@ private:
                                                        candidates.begin() + static_cast<std::ptrdiff_t>(middle));
                 (comparable(original_, run(beginning)) ? unchanged : changed) = middle;
             }
-            deciding.push_back(candidates[unchanged]);
-            candidates.erase(candidates.begin() + static_cast<std::ptrdiff_t>(unchanged));
+            const Candidate found = candidates[unchanged];
+            deciding.push_back(found);
+            std::erase_if(candidates, [&](const Candidate &candidate) {
+                return candidate.value == found.value || both_skipped(candidate, found);
+            });
         }
         if (deciding.size() == most_deciding)
             candidates.clear();
+    }
+
+    /// Whether two values are elements of one list that are no strings, or empty ones: when the plug-in skips one, it
+    /// skips the other.
+    static bool both_skipped(const Candidate &one, const Candidate &two)
+    {
+        const auto has_no_string = [](const Value &value) { return value.key == nullptr && value.string.empty(); };
+        return one.value->parent == two.value->parent && has_no_string(*one.value) && has_no_string(*two.value);
     }
 
     /// In the k-th of a few calls those values are others whose numbers have the k-th bit. So a byte that is another in
@@ -330,9 +341,10 @@ private:
             for (const std::size_t place : differences(before, after))
                 add_place(step, before, place);
         }
-        for (json_int_t other = 0; other <= most_tried; ++other) {
+        const json_int_t tried = step.uses.contains(Use::integer) ? most_tried : 0;
+        for (json_int_t other = 0; other <= tried; ++other) {
             Substitutes substitutes = substitutes_for({candidate});
-            if (other != 0 && step.uses.contains(Use::integer))
+            if (other != 0)
                 substitutes[candidate.value].reset(json_integer(other));
             const Run changed = run(substitutes);
             step.decides = step.decides || !same_course(original_, changed);

@@ -13,7 +13,6 @@
 #include <functional>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -21,6 +20,19 @@ namespace kelmora_host {
 
 /// How the plug-in used a value that it looked up. One that is used in no way but looked at is taken for a boolean.
 enum class Use { string, integer, real, number, object, array, text };
+
+/// A set of them.
+class Uses {
+public:
+    void insert(Use use) { bits_ |= 1U << static_cast<unsigned>(use); }
+    void insert(const Uses &others) { bits_ |= others.bits_; }
+    [[nodiscard]] bool contains(Use use) const { return (bits_ >> static_cast<unsigned>(use) & 1U) != 0; }
+    [[nodiscard]] bool empty() const { return bits_ == 0; }
+    bool operator==(const Uses &) const = default;
+
+private:
+    unsigned bits_ = 0;
+};
 
 /// A place in a record, or in what hangs on it, and what is there after the call.
 struct Stored {
@@ -49,7 +61,7 @@ struct Step {
     std::size_t index;          ///< the element that it looked for; of a member 0
     bool element;               ///< it looked for an element
     const Value *value;         ///< what it found, or NULL
-    std::set<Use> uses;         ///< what it then did with it
+    Uses uses;                  ///< what it then did with it
     std::vector<Stored> stored; ///< where it went; empty when nowhere
     bool decides;               ///< the plug-in takes another course when the value is another
 

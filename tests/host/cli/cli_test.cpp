@@ -71,7 +71,7 @@ TEST(CommandLine, HelpsWithExamplesAndExitStatuses)
     const Ending ending = run_with({"--help"});
     EXPECT_EQ(ending.status, 0);
     EXPECT_THAT(ending.out, HasSubstr("\nExamples:\n  kelmora-host list "));
-    EXPECT_THAT(ending.out, HasSubstr("\nExit status:\n  0  done\n  1  "));
+    EXPECT_THAT(ending.out, HasSubstr("\nExit status:\n  0  done; of check: "));
     EXPECT_EQ(ending.err, "");
 }
 
@@ -79,7 +79,7 @@ TEST(CommandLine, HelpsWithEachCommand)
 {
     EXPECT_THAT(run_with({"list", "--help"}).out, HasSubstr("--group GROUP"));
     EXPECT_THAT(run_with({"show", "--help"}).out, HasSubstr("--id ID"));
-    EXPECT_THAT(run_with({"set", "--help"}).out, HasSubstr("[FILE]"));
+    EXPECT_THAT(run_with({"try", "--help"}).out, HasSubstr("[FILE]"));
 }
 
 TEST(CommandLine, SaysWhichGroupsThereAre)
@@ -93,13 +93,19 @@ TEST(CommandLine, EndsWithStatus2WhenItIsWrong)
         return Ending{2, "", "kelmora-host: error: " + message + "\n"};
     };
     EXPECT_EQ(run_with({}),
-              usage_error("a command is missing; the commands are list, show and set; see kelmora-host --help"));
+              usage_error(
+                  "a command is missing; the commands are list, show, check, try and trace; see kelmora-host --help"));
     EXPECT_EQ(run_with({"lst"}), usage_error("no command \"lst\"; similar: list; see kelmora-host --help"));
     EXPECT_EQ(run_with({"show"}), usage_error("RESOURCE is missing; see kelmora-host show --help"));
+    EXPECT_EQ(run_with({"show", "radio", "--jsn"}),
+              usage_error("show has no option \"--jsn\"; see kelmora-host show --help"));
     EXPECT_EQ(run_with({"show", "radio", "--json"}),
-              usage_error("show has no option \"--json\"; see kelmora-host show --help"));
-    EXPECT_EQ(run_with({"set", "radio", "a", "b", "c"}),
-              usage_error("2 arguments too many: \"b\" and \"c\"; see kelmora-host set --help"));
+              (Ending{2,
+                      "{\"error\": \"show has no option \\\"--json\\\"; see kelmora-host show --help\", "
+                      "\"status\": 2}\n",
+                      ""}));
+    EXPECT_EQ(run_with({"try", "radio", "a", "b", "c"}),
+              usage_error("2 arguments too many: \"b\" and \"c\"; see kelmora-host try --help"));
     EXPECT_EQ(run_with({"list", "--json=3"}), usage_error("--json takes no value; see kelmora-host list --help"));
     EXPECT_EQ(run_with({"list", "--group", "wirless"}), usage_error("no group \"wirless\"; similar: wireless"));
     EXPECT_EQ(run_with({"list", "--group", ""}).status, 2);
@@ -110,8 +116,8 @@ TEST(CommandLine, NeedsPathsThatAreNotEmpty)
     const Ending expected{2, "", "kelmora-host: error: the PATH of --plugin is empty; see kelmora-host --help\n"};
     EXPECT_EQ(run_with({"list", "--plugin", ""}), expected);
     EXPECT_EQ(run_with({"show", "radio", "--plugin", ""}), expected);
-    EXPECT_EQ(run_with({"set", "radio", ""}),
-              (Ending{2, "", "kelmora-host: error: the name of the FILE is empty; see kelmora-host set --help\n"}));
+    EXPECT_EQ(run_with({"try", "radio", ""}),
+              (Ending{2, "", "kelmora-host: error: the name of the FILE is empty; see kelmora-host try --help\n"}));
 }
 
 TEST(CommandLine, SeedsTheHashesOfTheJsonLibrary)
@@ -123,20 +129,20 @@ TEST(CommandLine, SeedsTheHashesOfTheJsonLibrary)
 
 TEST(CommandLine, TellsAnUnknownResourceBeforeAnythingElse)
 {
-    EXPECT_EQ(run_with({"set", "teapot", "--id", "x", "/nowhere/x.json", "--plugin", "/nowhere/x.so"}),
+    EXPECT_EQ(run_with({"try", "teapot", "--id", "x", "/nowhere/x.json", "--plugin", "/nowhere/x.so"}),
               (Ending{2, "", "kelmora-host: error: no resource \"teapot\"; kelmora-host list names them all\n"}));
 }
 
 TEST(CommandLine, TellsAnUnknownIdBeforeItReadsTheInput)
 {
     EXPECT_EQ(
-        run_with({"set", "radio", "--id", "x", "/nowhere/x.json", "--plugin", "/nowhere/x.so"}),
+        run_with({"try", "radio", "--id", "x", "/nowhere/x.json", "--plugin", "/nowhere/x.so"}),
         (Ending{2, "", "kelmora-host: error: radio has no record of the id \"x\"; there are radio0 and radio1\n"}));
 }
 
 TEST(CommandLine, ReadsTheInputBeforeItLoadsThePlugIn)
 {
-    EXPECT_EQ(run_with({"set", "radio", "/nowhere/x.json", "--plugin", "/nowhere/x.so"}),
+    EXPECT_EQ(run_with({"try", "radio", "/nowhere/x.json", "--plugin", "/nowhere/x.so"}),
               (Ending{4, "", "/nowhere/x.json: error: No such file or directory\n"}));
 }
 
@@ -146,7 +152,7 @@ TEST(CommandLine, EndsWithStatus4WhenThePlugInDoesNotLoad)
     EXPECT_EQ(run_with({"--plugin", "/nowhere/x.so", "list"}), expected);
     EXPECT_EQ(run_with({"list", "--plugin", "/nowhere/x.so"}), expected);
     EXPECT_EQ(run_with({"show", "radio", "--plugin=/nowhere/x.so"}), expected);
-    EXPECT_EQ(run_with({"set", "radio", "/dev/null", "--plugin=/nowhere/x.so"}), expected);
+    EXPECT_EQ(run_with({"try", "radio", "/dev/null", "--plugin=/nowhere/x.so"}), expected);
 }
 
 TEST(CommandLine, EndsWithStatus4WhenTheOutputCannotBeWritten)

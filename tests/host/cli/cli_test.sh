@@ -91,8 +91,8 @@ err_is ""
 [ "$(wc -l <"$work/out")" -eq 100 ] || fail "expected a header, 98 resources and the totals"
 out_has "NUMBER  RESOURCE                          DIRECTIONS  GROUP"
 out_has "     5  radio                             both        wireless"
-out_has "    20  site_survey                       to only     wireless"
-out_has "    12  telnet                            from only   device"
+out_has "    20  site_survey                       read-only   wireless"
+out_has "    12  telnet                            write-only  device"
 tail -n 1 "$work/out" | grep -q '^98 pairs registered by libkelmora_json 1\.3\.0: numbers 0 to 97$' ||
     fail "expected the totals last"
 
@@ -107,7 +107,7 @@ status_is 0
 err_is ""
 [ "$(wc -l <"$work/out")" -eq 1 ] || fail "expected one line"
 out_has '[{"number": 0, "resource": "wireless", "directions": "both", "group": "wireless"}, {"number": 5,'
-out_has ' {"number": 20, "resource": "site_survey", "directions": "to only", "group": "wireless"}, {"number": 22,'
+out_has ' {"number": 20, "resource": "site_survey", "directions": "read-only", "group": "wireless"}, {"number": 22,'
 
 try list --group garden
 status_is 2
@@ -144,73 +144,147 @@ try show raido
 fails_with 2 'kelmora-host: error: no resource "raido"; similar: radio'
 
 try show radio --json
-fails_with 2 'kelmora-host: error: show has no option "--json"; see kelmora-host show --help'
+status_is 2
+out_is '{"error": "show has no option \"--json\"; see kelmora-host show --help", "status": 2}'
+err_is ""
 
-# ---- set: accepted
+# ---- try: accepted
 
-try set radio "$examples/radio.json"
+try try radio "$examples/radio.json"
 succeeds '{"id": "radio0", '"$written"
 
-try set radio --id radio1 "$examples/radio.json"
+try try radio --id radio1 "$examples/radio.json"
 succeeds '{"id": "radio1", '"$written"
 
-try set radio --id radio1 --json "$examples/radio.json"
-succeeds '{"accepted": true, "record": {"id": "radio1", '"$written"'}'
+try try radio --id radio1 --json "$examples/radio.json"
+succeeds '{"file": "'"$examples"'/radio.json", "resource": "radio", "result": "lossless", "record": {"id": "radio1", '"$written"', "errors": [], "findings": []}'
 
-try set radio --id radio1 <"$examples/radio.json"
+try try radio --id radio1 <"$examples/radio.json"
 succeeds '{"id": "radio1", '"$written"
 
-try set radio - --id radio1 <"$examples/radio.json"
+try try radio - --id radio1 <"$examples/radio.json"
 succeeds '{"id": "radio1", '"$written"
 
 printf '%s\n' "$radio1" >"$work/radio1.json"
-try set radio "$work/radio1.json"
-succeeds '{"id": "radio0", '"${radio1#*, }"
+try try radio "$work/radio1.json"
+status_is 0
+out_is '{"id": "radio0", '"${radio1#*, }"
+err_is "$work/radio1.json:1:2: note: /id: \"id\" is shown, but never taken [read-only]"
 
-try set wireless --id wlan1 "$examples/wireless.json"
+try try wireless --id wlan1 "$examples/wireless.json"
 succeeds '{"mode": 2, "enabled": true, "id": "wlan1", "ieee_std": 8, "interfaceID": "wlan2", "radioID": "radio1", "broadcast": false, "ssid": "Attic workshop", "bssid": "02:1a:11:f0:3c:02", "cipher": 6, "crypto": 7, "key": "forty-two paper boats", "wps": true, "isRoot": false, "client_mode_rssi": -62, "guest_network": true}'
 
-try set radio /dev/null
-succeeds "$radio0"
+try try radio /dev/null
+status_is 0
+out_is "$radio0"
+err_is "/dev/null:1:1: warning: an empty document: it is accepted, and nothing is stored [empty]"
 
 echo "no JSON at all" >"$work/plain"
-try set site_survey "$work/plain"
+try try site_survey "$work/plain"
 status_is 0
 out_is "$survey0"
-err_is 'kelmora-host: warning: site_survey is read-only: the plug-in ignores what is written'
+err_is "$work/plain:1:1: warning: site_survey is read-only: nothing of a document is taken [ignored]"
 
-# ---- set: rejected
+# ---- try: rejected
 
-try set radio "$examples/radio-missing-power.json"
-fails_with 1 "$examples/radio-missing-power.json: error: power field not found (field \"power\", source \"json\")"
+try try radio "$examples/radio-missing-power.json"
+fails_with 1 "$examples/radio-missing-power.json:1:1: error: /power: power field not found (field \"power\", source \"json\") [rejected]"
 
-try set radio --json "$examples/radio-missing-power.json"
+try try radio --json "$examples/radio-missing-power.json"
 status_is 1
-out_is '{"accepted": false, "errors": [{"field": "power", "message": "power field not found", "source": "json"}]}'
+out_is '{"file": "'"$examples"'/radio-missing-power.json", "resource": "radio", "result": "rejected", "errors": [{"field": "power", "message": "power field not found", "source": "json", "pointer": "/power", "line": 1, "column": 1}], "findings": []}'
 err_is ""
 
-try set radio "$examples/radio-broken.json"
-fails_with 1 "$examples/radio-broken.json:7:15: error: invalid json data: '}' expected near '\"extension\"'"
+try try radio "$examples/radio-broken.json"
+fails_with 1 "$examples/radio-broken.json:7:15: error: invalid json data: '}' expected near '\"extension\"' [syntax]"
 
-try set radio --json "$examples/radio-broken.json"
+try try radio --json "$examples/radio-broken.json"
 status_is 1
-out_is "{\"accepted\": false, \"errors\": [{\"field\": \"\", \"message\": \"invalid json data\", \"source\": \"json\", \"line\": 7, \"column\": 15, \"detail\": \"'}' expected near '\\\"extension\\\"'\"}]}"
+out_has '"result": "rejected", "errors": [{"field": "", "message": "invalid json data", "source": "json", "line": 7, "column": 15, "detail": "'
+out_has "'}' expected near '\\\"extension\\\"'\"}], \"findings\": []}"
 err_is ""
 
-try set radio <"$examples/radio-broken.json"
-fails_with 1 "<stdin>:7:15: error: invalid json data: '}' expected near '\"extension\"'"
+try try radio <"$examples/radio-broken.json"
+fails_with 1 "<stdin>:7:15: error: invalid json data: '}' expected near '\"extension\"' [syntax]"
 
-try set radio <"$examples/radio-missing-power.json"
-fails_with 1 '<stdin>: error: power field not found (field "power", source "json")'
+try try radio <"$examples/radio-missing-power.json"
+fails_with 1 '<stdin>:1:1: error: /power: power field not found (field "power", source "json") [rejected]'
 
 tr '}' '\0' <"$examples/radio.json" >"$work/nul"
-try set radio "$work/nul"
-fails_with 1 "$work/nul:14:1: error: NUL byte in the text"
+try try radio "$work/nul"
+fails_with 1 "$work/nul:14:1: error: NUL byte in the text [rejected]"
 
 printf '{}\0' >"$work/nul"
-try set radio --json <"$work/nul"
+try try radio --json <"$work/nul"
 status_is 1
-out_is '{"accepted": false, "errors": [{"field": "", "message": "NUL byte in the text", "source": "kelmora-host", "line": 1, "column": 3}]}'
+out_is '{"file": "<stdin>", "resource": "radio", "result": "rejected", "errors": [{"field": "", "message": "NUL byte in the text", "source": "kelmora-host", "line": 1, "column": 3}], "findings": []}'
+err_is ""
+
+# ---- check: nothing lost, something lost, rejected, and the worst of several
+
+try check radio "$examples/radio.json"
+succeeds ""
+
+printf '{"enabled": 1,\n "opMode": "7", "frequency": 4294967297, "configuredChannel": 0,\n "chanel": 1, "channel": 1, "extension": 0, "bandwidth": 20, "power": 1}' >"$work/faulty"
+try check radio "$work/faulty"
+status_is 3
+out_is "$work/faulty:1:13: warning: /enabled: an integer where true or false is taken: false is stored [wrong-type]
+$work/faulty:2:12: warning: /opMode: a string where an integer is taken: 0 is stored [wrong-type]
+$work/faulty:2:30: warning: /frequency: 4294967297 does not fit into 32 unsigned bits: 1 is stored [wrapped]
+$work/faulty:3:2: warning: /chanel: no such key; the nearest is \"channel\" [unknown]"
+err_is ""
+
+try try radio "$work/faulty"
+status_is 0
+err_has "[wrapped]"
+out_has '{"id": "radio0", "enabled": false, "opMode": 0, "frequency": 1, '
+
+try check radio "$examples/radio.json" "$work/faulty" "$examples/radio-missing-power.json"
+status_is 1
+out_has "radio-missing-power.json:1:1: error: /power: power field not found"
+
+try check radio "$work/missing.json" "$work/faulty"
+status_is 4
+out_has "[wrapped]"
+err_is "$work/missing.json: error: No such file or directory"
+
+try check radio --json "$examples/radio.json" "$work/missing.json"
+status_is 4
+out_is '{"file": "'"$examples"'/radio.json", "resource": "radio", "result": "lossless", "errors": [], "findings": []}
+{"file": "'"$work"'/missing.json", "error": "No such file or directory", "status": 4}'
+err_is ""
+
+printf '{"ssid": "\303\244", "ssid": "\303\244"}' >"$work/twice"
+try check wireless --json "$work/twice"
+status_is 1
+out_has '"findings": [{"code": "repeated", "severity": "warning", "pointer": "/ssid", "line": 1, "column": 2, "sent": "'
+
+try check radio --json --nonsense
+status_is 2
+out_is '{"error": "check has no option \"--nonsense\"; see kelmora-host check --help", "status": 2}'
+
+# ---- trace
+
+try trace radio "$examples/radio-missing-power.json"
+status_is 0
+out_has "2:16   /enabled            boolean  true    enabled = true  (bytes 0..0)"
+out_has 'error: power field not found (field "power", source "json")'
+out_has "rejected; what is stored above stays stored"
+err_is ""
+
+try trace radio --json "$examples/radio.json"
+status_is 0
+out_has '{"pointer": "/power", "line": 13, "column": 14, "found": true, "read_as": ["integer"], "value": 50, "stored": [{"field": "power", "offset": 32, "size": 4, "bytes": "'
+
+try trace radio "$examples/radio-broken.json"
+status_is 1
+err_has "$examples/radio-broken.json:7:15: error: "
+
+# ---- pretty
+
+try show radio --id radio1 --pretty
+status_is 0
+out_has '  "power": 75'
 err_is ""
 
 # ---- resources whose payload is 8 raw bytes
@@ -221,27 +295,27 @@ succeeds "00 00 00 02 68 4b 11 f0"
 try show upgrade_by_file
 status_is 0
 out_is ""
-err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to read'
+err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to show'
 
 printf '\0{\n\377"}\0\1' >"$work/block"
-try set backup_restore "$work/block"
+try try backup_restore "$work/block"
 succeeds "00 7b 0a ff 22 7d 00 01"
 
-try set backup_restore --json <"$work/block"
-succeeds '{"accepted": true, "record": "00 7b 0a ff 22 7d 00 01"}'
+try try backup_restore --json <"$work/block"
+succeeds '{"file": "<stdin>", "resource": "backup_restore", "result": "lossless", "record": "00 7b 0a ff 22 7d 00 01", "errors": [], "findings": []}'
 
-try set upgrade_by_file "$work/block"
+try try upgrade_by_file "$work/block"
 status_is 0
 out_is ""
-err_is 'kelmora-host: warning: upgrade_by_file is write-only: there is nothing to read back'
+err_is 'kelmora-host: note: upgrade_by_file is write-only: there is no record to show'
 
 printf '{"a":1}\n\0' >"$work/block"
-try set backup_restore "$work/block"
-fails_with 1 "$work/block: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9"
+try try backup_restore "$work/block"
+fails_with 1 "$work/block: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9 [rejected]"
 
-try set upgrade_by_file --json /dev/null
+try try upgrade_by_file --json /dev/null
 status_is 1
-out_is '{"accepted": false, "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}]}'
+out_is '{"file": "/dev/null", "resource": "upgrade_by_file", "result": "rejected", "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}], "findings": []}'
 err_is ""
 
 # ---- every resource: its sample can be shown, its example written, and the help says which documents are always
@@ -263,8 +337,11 @@ for resource in $(host list | awk '$1 ~ /^[0-9]+$/ && NF > 3 && $2 != "pairs" { 
     status_is 0
     case $(head -c 1 "$work/out") in '{') echo "$resource" >>"$work/objects" ;; esac
     [ ! -f "$examples/$resource.json" ] || {
-        try set "$resource" "$examples/$resource.json"
+        try try "$resource" "$examples/$resource.json"
         status_is 0
+        try check "$resource" "$examples/$resource.json"
+        status_is 0
+        ! grep -v ' note: .* \[entries\]$' "$work/out" >/dev/null || fail "expected no finding but of entries that stay"
     }
 done
 
@@ -278,7 +355,7 @@ case="the help of kelmora-host show"
 
 awk 'BEGIN { printf "{\"mode\": 1, \"mac_list\": [\"02:00:00:00:00:01\""; for (i = 1; i < 70000; ++i) printf ",\"\""; print "]}" }' \
     >"$work/long"
-try set wlan_access_control "$work/long"
+try try wlan_access_control "$work/long"
 status_is 0
 err_is ""
 
@@ -286,55 +363,56 @@ err_is ""
 
 printf '{"enabled": true, "endpoint_id": "e", "periodic_notific_interval": 1, "mtp": [{"enabled": true, "protocol": 7}]}' \
     >"$work/controller.json"
-try set tr369_local_agent_controller "$work/controller.json"
+try try tr369_local_agent_controller "$work/controller.json"
 status_is 0
 out_has '{"enabled": true, "protocol": 7}]}'
-err_is "$work/controller.json: warning: invalid protocol (field \"mtp.protocol\", source \"json\")"
+err_has "$work/controller.json:1:109: warning: /mtp/0/protocol: invalid protocol (field \"mtp.protocol\", source \"json\") [reported]"
+err_has "$work/controller.json:1:78: note: /mtp: 2 entries were there, 1 came, 3 are there now [entries]"
 
 # ---- the command line is wrong
 
 try
-fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show and set; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try and trace; see kelmora-host --help'
 
 try get radio
-fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show and set; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try and trace; see kelmora-host --help'
 
 try lst
 fails_with 2 'kelmora-host: error: no command "lst"; similar: list; see kelmora-host --help'
 
-try set
-fails_with 2 'kelmora-host: error: RESOURCE is missing; see kelmora-host set --help'
+try try
+fails_with 2 'kelmora-host: error: RESOURCE is missing; see kelmora-host try --help'
 
-try set teapot "$examples/radio.json"
+try try teapot "$examples/radio.json"
 fails_with 2 'kelmora-host: error: no resource "teapot"; kelmora-host list names them all'
 
-try set radio --id radio9 "$work/missing.json"
+try try radio --id radio9 "$work/missing.json"
 fails_with 2 'kelmora-host: error: radio has no record of the id "radio9"; similar: radio0 and radio1'
 
-try set radio --id radio0 --id radio1 "$examples/radio.json"
-fails_with 2 'kelmora-host: error: --id is given more than once; see kelmora-host set --help'
+try try radio --id radio0 --id radio1 "$examples/radio.json"
+fails_with 2 'kelmora-host: error: --id is given more than once; see kelmora-host try --help'
 
-try set radio "$examples/radio.json" b c
-fails_with 2 'kelmora-host: error: 2 arguments too many: "b" and "c"; see kelmora-host set --help'
+try try radio "$examples/radio.json" b c
+fails_with 2 'kelmora-host: error: 2 arguments too many: "b" and "c"; see kelmora-host try --help'
 
 try show radio --plugin ""
 fails_with 2 'kelmora-host: error: the PATH of --plugin is empty; see kelmora-host --help'
 
 # ---- the environment fails
 
-try set radio "$work/missing.json"
+try try radio "$work/missing.json"
 fails_with 4 "$work/missing.json: error: No such file or directory"
 
-try set radio "$work"
+try try radio "$work"
 fails_with 4 "$work: error: Is a directory"
 
-try set radio <"$work"
+try try radio <"$work"
 fails_with 4 "<stdin>: error: Is a directory"
 
-try set radio <&-
+try try radio <&-
 fails_with 4 "<stdin>: error: Bad file descriptor"
 
-try set radio "$examples/radio.json" --plugin "$work/missing.so"
+try try radio "$examples/radio.json" --plugin "$work/missing.so"
 fails_with 4 "kelmora-host: error: cannot load $work/missing.so: No such file or directory"
 
 try --plugin "$examples/radio.json" list
@@ -354,7 +432,7 @@ out_is ""
 err_has "libc.so.6 is no libkelmora_json: it does not export kelmora_json_init"
 
 for target in /dev/full -; do
-    for arguments in "list" "show radio" "set radio --json $examples/radio.json" "--help" "--version"; do
+    for arguments in "list" "show radio" "try radio --json $examples/radio.json" "check radio $examples/radio-broken.json" "trace radio $examples/radio.json" "--help" "--version"; do
         cases=$((cases + 1))
         case="kelmora-host $arguments >$target"
         : >"$work/out"
@@ -381,7 +459,7 @@ err_is ""
 out_has "Examples:"
 out_has "Exit status:"
 
-try set --help
+try try --help
 status_is 0
 err_is ""
 out_has "--id ID"

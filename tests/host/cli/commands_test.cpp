@@ -1,6 +1,7 @@
 #include "host/cli/commands.h"
 
 #include "host/cli/diagnostics.h"
+#include "host/json.h"
 #include "kelmora_json.h"
 #include "kelmora_records.h"
 
@@ -42,7 +43,6 @@ constexpr Resource door{200, "door", "house", Directions::both};
 constexpr Resource bell{201, "bell", "house", Directions::from_only};
 constexpr Resource window{202, "window", "house", Directions::to_only};
 constexpr Resource stubborn{203, "stubborn", "house", Directions::both};
-constexpr Resource lenient{204, "lenient", "house", Directions::both};
 
 int door_to(kelmora_resource *head, char **out)
 {
@@ -80,18 +80,6 @@ int silently_failing_from(kelmora_resource * /*node*/, const char * /*text*/, ke
     return 0;
 }
 
-int lenient_from(kelmora_resource * /*node*/, const char * /*text*/, kelmora_errorlist *errors)
-{
-    kelmora_errorlist_add_error(errors, "colour", "no such colour", "door");
-    return 1;
-}
-
-int no_json_to(kelmora_resource * /*head*/, char **out)
-{
-    std::memcpy(*out, "locked", 7);
-    return 1;
-}
-
 class Commands : public ::testing::Test {
 protected:
     Commands()
@@ -102,7 +90,6 @@ protected:
         kelmora_set_translators(bell.number, door_from, nothing_to);
         kelmora_set_translators(window.number, nothing_from, door_to);
         kelmora_set_translators(stubborn.number, silently_failing_from, failing_to);
-        kelmora_set_translators(lenient.number, lenient_from, door_to);
         gateway.add("door", "front", Door{0});
         gateway.add("door", "back", Door{1});
     }
@@ -212,7 +199,7 @@ TEST_F(Commands, ListTheResourcesOfAGroupAsATable)
     EXPECT_EQ(list_as_table("wireless", "9.8.7"),
               "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
               "     5  radio                             both        wireless\n"
-              "    20  site_survey                       to only     wireless\n"
+              "    20  site_survey                       read-only   wireless\n"
               "2 pairs of the group wireless registered by libkelmora_json 9.8.7: numbers 5 and 20\n");
 }
 
@@ -230,9 +217,9 @@ TEST_F(Commands, ListOnlyWhatIsRegistered)
     Registry::instance().clear();
     kelmora_set_translators(20, nothing_from, nothing_to);
     EXPECT_EQ(list_as_table("", "9.8.7"), "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
-                                          "    20  site_survey                       to only     wireless\n"
+                                          "    20  site_survey                       read-only   wireless\n"
                                           "1 pair registered by libkelmora_json 9.8.7: number 20\n");
-    EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"to only\", "
+    EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"read-only\", "
                                 "\"group\": \"wireless\"}]");
     EXPECT_EQ(list_as_json("device"), "[]");
     EXPECT_THAT(list_as_table("device", "9.8.7"),
@@ -244,8 +231,8 @@ TEST_F(Commands, ListTheDirectionsOfEachResourceAsJson)
     const std::string list = list_as_json("");
     EXPECT_THAT(list, HasSubstr("{\"number\": 1, \"resource\": \"session\", \"directions\": \"both\", "
                                 "\"group\": \"device\"}"));
-    EXPECT_THAT(list, HasSubstr("\"resource\": \"telnet\", \"directions\": \"from only\", \"group\": \"device\""));
-    EXPECT_THAT(list, HasSubstr("\"resource\": \"status\", \"directions\": \"to only\", \"group\": \"device\""));
+    EXPECT_THAT(list, HasSubstr("\"resource\": \"telnet\", \"directions\": \"write-only\", \"group\": \"device\""));
+    EXPECT_THAT(list, HasSubstr("\"resource\": \"status\", \"directions\": \"read-only\", \"group\": \"device\""));
 }
 
 TEST_F(Commands, ShowRecordsAsThePlugInWritesThem)
@@ -271,7 +258,7 @@ TEST_F(Commands, ShowNothingOfAResourceThatCannotBeRead)
 {
     std::vector<Node> nodes{front};
     EXPECT_EQ(show(bell, nodes, true), "");
-    EXPECT_EQ(show_warning(bell), "kelmora-host: warning: bell is write-only: there is nothing to read\n");
+    EXPECT_EQ(show_warning(bell), "kelmora-host: warning: bell is write-only: there is nothing to show\n");
     EXPECT_EQ(show_warning(door), "");
     EXPECT_EQ(show_warning(window), "");
 }
@@ -291,51 +278,75 @@ TEST_F(Commands, FailWithoutTranslators)
     const StatusAndLine expected(Status::environment,
                                  "kelmora-host: error: door: the plug-in registered no translators");
     EXPECT_EQ(failure_of([&] { (void)show(door, nodes, true); }), expected);
-    EXPECT_EQ(failure_of([&] { (void)set(door, front, "lock"); }), expected);
+    EXPECT_EQ(failure_of([&] { (void)check_document(door, front, {"file", "lock"}); }), expected);
 }
 
-TEST_F(Commands, SetARecordAndReadItBackAsASingleObject)
+TEST_F(Commands, TryADocumentOnARecordAndShowItAsASingleObject)
 {
-    const Outcome outcome = set(door, front, "lock");
-    EXPECT_TRUE(outcome.accepted);
-    EXPECT_EQ(outcome.record, "{\"locked\": 1}");
-    EXPECT_THAT(outcome.errors, IsEmpty());
-    EXPECT_EQ(front.record().as<Door>().locked, 1);
+    Node node("0", Record(kelmora_qos{}));
+    const CheckedFile tried = try_document(
+        resource_named("qos"), node, {"qos.json", R"({"enabled": true, "global_download": 5, "global_upload": 6})"});
+    EXPECT_EQ(tried.check.result, CheckResult::lossless);
+    EXPECT_THAT(tried.record.value_or(""), HasSubstr("\"global_download\": 5"));
+    EXPECT_EQ(node.record().as<kelmora_qos>().global_upload, 6U);
+    EXPECT_EQ(tried.file, "qos.json");
+    EXPECT_EQ(tried.resource, "qos");
 }
 
-TEST_F(Commands, PassOnTheErrorsOfADocumentThatIsRejected)
+TEST_F(Commands, CheckADocumentWithoutTouchingTheRecord)
 {
-    const Outcome outcome = set(door, front, "paint");
-    EXPECT_FALSE(outcome.accepted);
-    EXPECT_EQ(outcome.record, "");
-    EXPECT_THAT(outcome.errors, ElementsAre(DocumentError{{"locked", "no such command", "door"}, std::nullopt}));
+    Node node("0", Record(kelmora_qos{.enabled = 1, .global_download = 3, .global_upload = 4}));
+    const CheckedFile checked = check_document(
+        resource_named("qos"), node, {"qos.json", R"({"enabled": false, "global_download": "5", "global_upload": 6})"});
+    EXPECT_EQ(checked.check.result, CheckResult::lossy);
+    EXPECT_EQ(checked.record, std::nullopt);
+    EXPECT_EQ(node.record().as<kelmora_qos>().global_upload, 4U);
 }
 
-TEST_F(Commands, AddThePlaceToTheErrorOfATextThatDoesNotParse)
+TEST_F(Commands, ShowNoRecordOfARejectedDocument)
 {
-    Node radio = select_node(gateway, resource_named("radio"), std::nullopt);
-    const Outcome outcome = set(resource_named("radio"), radio, "{\"enabled\": true\n \"power\": 1}");
-    EXPECT_FALSE(outcome.accepted);
-    EXPECT_THAT(outcome.errors, ElementsAre(DocumentError{{"", "invalid json data", "json"},
-                                                          Fault{2, 8, "'}' expected near '\"power\"'"}}));
+    Node node("0", Record(kelmora_qos{}));
+    const CheckedFile tried = try_document(resource_named("qos"), node, {"qos.json", R"({"enabled": true})"});
+    EXPECT_EQ(tried.check.result, CheckResult::rejected);
+    EXPECT_EQ(tried.record, std::nullopt);
+    EXPECT_EQ(diagnostics(tried, Style(false)),
+              "qos.json:1:1: error: /global_download: download field not found (field "
+              "\"download\", source \"json\") [rejected]\n");
 }
 
-TEST_F(Commands, AddNoPlaceToOtherErrors)
+TEST_F(Commands, SayThatAWriteOnlyResourceHasNoRecordToShow)
 {
-    Node radio = select_node(gateway, resource_named("radio"), std::nullopt);
-    EXPECT_THAT(set(resource_named("radio"), radio, "{}").errors,
-                ElementsAre(DocumentError{{"enabled", "enabled field not found", "json"}, std::nullopt}));
-    EXPECT_THAT(set(door, front, "{").errors,
-                ElementsAre(DocumentError{{"locked", "no such command", "door"}, std::nullopt}));
+    EXPECT_EQ(try_note(resource_named("telnet")),
+              "kelmora-host: note: telnet is write-only: there is no record to show\n");
+    EXPECT_EQ(try_note(resource_named("radio")), "");
+    EXPECT_EQ(try_note(resource_named("status")), "");
 }
 
-TEST_F(Commands, RejectATextWithANulByteWithoutAskingThePlugIn)
+TEST_F(Commands, TraceTheStepsOfADocument)
 {
-    const Outcome outcome = set(door, front, "lock\0"s);
-    EXPECT_FALSE(outcome.accepted);
-    EXPECT_THAT(outcome.errors,
-                ElementsAre(DocumentError{{"", "NUL byte in the text", "kelmora-host"}, Fault{1, 5, ""}}));
-    EXPECT_EQ(front.record().as<Door>().locked, 0);
+    const Node node("0", Record(kelmora_qos{}));
+    const Input input{"qos.json", R"({"enabled": true, "global_download": 7})"};
+    EXPECT_EQ(trace_document(resource_named("qos"), node, input, false, Style(false)),
+              "PLACE  LOOKED FOR        READ AS  FOUND   STORED\n"
+              "1:13   /enabled          boolean  true    enabled = true  (bytes 0..0)\n"
+              "1:38   /global_download  integer  7       global_download = 7  (bytes 4..7)\n"
+              "       /global_upload             absent\n"
+              "error: upload field not found (field \"upload\", source \"json\")\n"
+              "rejected; what is stored above stays stored\n");
+}
+
+TEST_F(Commands, TraceNothingInATextThatIsNoDocument)
+{
+    const Node node("0", Record(kelmora_qos{}));
+    EXPECT_EQ(failure_of([&] {
+                  (void)trace_document(resource_named("qos"), node, {"a.json", "{"}, false, Style(false));
+              }),
+              StatusAndLine(Status::rejected, "a.json:1:1: error: string or '}' expected near end of file"));
+    EXPECT_EQ(
+        failure_of([&] {
+            (void)trace_document(resource_named("backup_restore"), node, {"a.json", "12345678"}, false, Style(false));
+        }).first,
+        Status::rejected);
 }
 
 TEST_F(Commands, ShowTheBytesOfARawResourceInHexadecimal)
@@ -351,122 +362,35 @@ TEST_F(Commands, ShowNothingOfARawResourceThatCannotBeRead)
     EXPECT_EQ(show(resource_named("upgrade_by_file"), nodes, true), "");
 }
 
-TEST_F(Commands, SetARawResourceFromBytesThatMayBeZero)
+TEST_F(Commands, TryARawResourceWithBytesThatMayBeZero)
 {
     Node node("0", Record(kelmora_backup_restore{}));
-    const Outcome outcome = set(resource_named("backup_restore"), node, "\0{\"\xFF\0\n}\0"s);
-    EXPECT_TRUE(outcome.accepted);
-    EXPECT_EQ(outcome.record, "00 7b 22 ff 00 0a 7d 00");
-    EXPECT_EQ(outcome_as_json(outcome), R"({"accepted": true, "record": "00 7b 22 ff 00 0a 7d 00"})");
+    const CheckedFile tried = try_document(resource_named("backup_restore"), node, {"block", "\0{\"\xFF\0\n}\0"s});
+    EXPECT_EQ(tried.record, "00 7b 22 ff 00 0a 7d 00");
+    EXPECT_EQ(to_text(as_json(tried)), R"({"file": "block", "resource": "backup_restore", "result": "lossless", )"
+                                       R"("record": "00 7b 22 ff 00 0a 7d 00", "errors": [], "findings": []})");
 }
 
-TEST_F(Commands, SetARawResourceThatCannotBeReadBack)
+TEST_F(Commands, TryARawResourceThatIsWriteOnly)
 {
     Node node("0", Record(kelmora_upgrade_by_file{}));
-    const Outcome outcome = set(resource_named("upgrade_by_file"), node, "\0\1\2\3\4\5\6\7"s);
-    EXPECT_TRUE(outcome.accepted);
+    const CheckedFile tried = try_document(resource_named("upgrade_by_file"), node, {"block", "\0\1\2\3\4\5\6\7"s});
     EXPECT_THAT(node.record().as<kelmora_upgrade_by_file>().file, ElementsAre(0, 1, 2, 3, 4, 5, 6, 7));
-    EXPECT_EQ(outcome_as_json(outcome), R"({"accepted": true, "record": null})");
+    EXPECT_EQ(to_text(as_json(tried)), R"({"file": "block", "resource": "upgrade_by_file", "result": "lossless", )"
+                                       R"("record": null, "errors": [], "findings": []})");
 }
 
 TEST_F(Commands, RejectAnotherNumberOfBytesThanARawResourceHasWithoutAskingThePlugIn)
 {
     Node node("0", Record(kelmora_backup_restore{{1, 2, 3, 4, 5, 6, 7, 8}}));
     for (const std::string &text : {""s, "seven b"s, "nine byte"s, "{\"backup\": 1}"s}) {
-        const Outcome outcome = set(resource_named("backup_restore"), node, text);
-        EXPECT_FALSE(outcome.accepted);
+        const CheckedFile tried = try_document(resource_named("backup_restore"), node, {"file", text});
+        EXPECT_EQ(tried.check.result, CheckResult::rejected);
         EXPECT_THAT(node.record().as<kelmora_backup_restore>().backup, ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
     }
-    const Outcome outcome = set(resource_named("backup_restore"), node, "nine byte");
-    EXPECT_EQ(errors_as_lines(outcome, "file"),
-              "file: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9\n");
-    EXPECT_EQ(outcome_as_json(outcome),
-              R"({"accepted": false, "errors": [{"field": "", "message": "backup_restore takes exactly 8 raw bytes, )"
-              R"(no JSON; there are 9", "source": "kelmora-host"}]})");
-}
-
-TEST_F(Commands, ReportARejectionThatComesWithoutAnError)
-{
-    const Outcome outcome = set(stubborn, front, "");
-    EXPECT_FALSE(outcome.accepted);
-    EXPECT_THAT(outcome.errors,
-                ElementsAre(DocumentError{{"", "rejected without an error", "kelmora-host"}, std::nullopt}));
-}
-
-TEST_F(Commands, PassOnTheErrorsOfADocumentThatIsAcceptedAllTheSame)
-{
-    const Outcome outcome = set(lenient, front, "lock");
-    EXPECT_TRUE(outcome.accepted);
-    EXPECT_EQ(errors_as_lines(outcome, "file"), "file: warning: no such colour (field \"colour\", source \"door\")\n");
-    EXPECT_EQ(outcome_as_json(outcome),
-              R"({"accepted": true, "record": {"locked": 0}, )"
-              R"("errors": [{"field": "colour", "message": "no such colour", "source": "door"}]})");
-}
-
-TEST_F(Commands, WarnThatAReadOnlyRecordStaysAsItWas)
-{
-    const Outcome outcome = set(window, front, "lock");
-    EXPECT_TRUE(outcome.accepted);
-    EXPECT_EQ(outcome.record, "{\"locked\": 0}");
-    EXPECT_EQ(set_warning(window), "kelmora-host: warning: window is read-only: the plug-in ignores what is written\n");
-}
-
-TEST_F(Commands, WarnThatAWriteOnlyRecordCannotBeReadBack)
-{
-    const Outcome outcome = set(bell, front, "lock");
-    EXPECT_TRUE(outcome.accepted);
-    EXPECT_EQ(outcome.record, "");
-    EXPECT_EQ(outcome_as_json(outcome), "{\"accepted\": true, \"record\": null}");
-    EXPECT_EQ(set_warning(bell), "kelmora-host: warning: bell is write-only: there is nothing to read back\n");
-}
-
-TEST_F(Commands, WarnOfNothingWhereBothWaysAreOpen) { EXPECT_EQ(set_warning(door), ""); }
-
-TEST_F(Commands, WriteErrorsAsLinesThatBeginWithTheFileAndThePlace)
-{
-    const Outcome outcome{false,
-                          "",
-                          {{{"power", "power field not found", "json"}, std::nullopt},
-                           {{"", "invalid json data", "json"}, Fault{3, 14, "'}' expected"}},
-                           {{"", "NUL byte in the text", "kelmora-host"}, Fault{4, 1, ""}},
-                           {{"", "rejected without an error", "kelmora-host"}, std::nullopt}}};
-    EXPECT_EQ(errors_as_lines(outcome, "doc.json"),
-              "doc.json: error: power field not found (field \"power\", source \"json\")\n"
-              "doc.json:3:14: error: invalid json data: '}' expected\n"
-              "doc.json:4:1: error: NUL byte in the text\n"
-              "doc.json: error: rejected without an error\n");
-}
-
-TEST_F(Commands, WriteErrorsAsJson)
-{
-    const Outcome outcome{false,
-                          "",
-                          {{{"power", "power field not found", "json"}, std::nullopt},
-                           {{"", "invalid json data", "json"}, Fault{3, 14, "'}' expected"}},
-                           {{"", "NUL byte in the text", "kelmora-host"}, Fault{4, 1, ""}}}};
-    EXPECT_EQ(
-        outcome_as_json(outcome),
-        "{\"accepted\": false, \"errors\": ["
-        "{\"field\": \"power\", \"message\": \"power field not found\", \"source\": \"json\"}, "
-        "{\"field\": \"\", \"message\": \"invalid json data\", \"source\": \"json\", \"line\": 3, \"column\": 14, "
-        "\"detail\": \"'}' expected\"}, "
-        "{\"field\": \"\", \"message\": \"NUL byte in the text\", \"source\": \"kelmora-host\", \"line\": 4, "
-        "\"column\": 1}]}");
-}
-
-TEST_F(Commands, WriteTheRecordAsJsonOnOneLine)
-{
-    EXPECT_EQ(outcome_as_json({true, "{\n    \"locked\": 1\n}", {}}),
-              "{\"accepted\": true, \"record\": {\"locked\": 1}}");
-}
-
-TEST_F(Commands, FailWhenTheRecordIsNoJson)
-{
-    kelmora_set_translators(door.number, door_from, no_json_to);
-    const Outcome outcome = set(door, front, "lock");
-    EXPECT_EQ(outcome.record, "locked");
-    EXPECT_EQ(failure_of([&] { (void)outcome_as_json(outcome); }),
-              StatusAndLine(Status::rejected, "kelmora-host: error: what the plug-in wrote is no JSON: locked"));
+    const CheckedFile tried = try_document(resource_named("backup_restore"), node, {"file", "nine byte"});
+    EXPECT_EQ(diagnostics(tried, Style(false)),
+              "file: error: backup_restore takes exactly 8 raw bytes, no JSON; there are 9 [rejected]\n");
 }
 
 } // namespace

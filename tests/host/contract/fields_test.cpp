@@ -268,7 +268,7 @@ TEST(RecordType, HasTheMeaningsOfTheHeadersOnOneLine)
     EXPECT_EQ(record_type("radio")->meaning, "One radio: its band, channel and features.");
     EXPECT_EQ(nodes("tr369_mqtt_client", "subscription").meaning,
               "A topic that an MQTT client subscribes to. The host makes the chain "
-              "(kelmora_tr369_mqttt_client_subscription_add_element).");
+              "(kelmora_tr369_mqttt_client_subscription_add_element), and frees it.");
     EXPECT_EQ(field("wireless", "bssid").meaning, "BSSID, six colon-separated hexadecimal pairs; read-only");
     EXPECT_EQ(field("bridging", "spanning_tree_802_1_d").meaning,
               "802.1D spanning tree on (key \"802_1_d_spanning_tree\")");
