@@ -1,6 +1,7 @@
 #include "host/names.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace kelmora_host {
@@ -67,8 +68,7 @@ std::vector<std::string> similar_names(std::string_view name, const std::vector<
     }
     std::ranges::stable_sort(found, {}, &std::pair<std::size_t, std::string>::first);
     std::vector<std::string> similar;
-    for (auto &[distance, candidate] : found)
-        similar.push_back(std::move(candidate));
+    std::ranges::transform(found, std::back_inserter(similar), &std::pair<std::size_t, std::string>::second);
     return similar;
 }
 

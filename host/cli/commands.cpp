@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iomanip>
+#include <iterator>
 #include <set>
 #include <sstream>
 
@@ -131,8 +132,7 @@ std::vector<Node> select_nodes(const Gateway &gateway, const Resource &resource,
     if (found != all.end())
         return {*found};
     std::vector<std::string> ids;
-    for (const Node &node : all)
-        ids.emplace_back(node.id());
+    std::ranges::transform(all, std::back_inserter(ids), [](const Node &node) { return std::string(node.id()); });
     const std::string what_there_is = ids.empty()       ? "the sample gateway has none"
                                       : ids.size() == 1 ? "the only one is " + ids.front()
                                                         : "there are " + enumeration(ids);

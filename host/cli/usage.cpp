@@ -4,6 +4,7 @@
 #include "host/names.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace kelmora_host {
 

@@ -122,7 +122,7 @@ TEST(Ipv6DhcpLists, CutATextThatTheirNodesCannotHold)
 
 TEST(Ipv6DhcpLists, TakeTimeInProportionToTheirLength)
 {
-    constexpr std::size_t entries = 100000; // walking the list for each would take minutes
+    constexpr std::size_t entries = 40000; // walking the list for each takes half a minute
     Record owner(kelmora_ipv6_dhcp_server{});
     auto &record = owner.as<kelmora_ipv6_dhcp_server>();
     const std::clock_t begin = std::clock();
@@ -133,7 +133,7 @@ TEST(Ipv6DhcpLists, TakeTimeInProportionToTheirLength)
             kelmora_ipv6_dhcp_dns_servers_add(&record, "2001:db8::53");
         }
     }
-    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, 20);
+    EXPECT_LT((std::clock() - begin) / CLOCKS_PER_SEC, 5);
     EXPECT_EQ(length(record.domains), entries);
     EXPECT_EQ(length(record.dns_servers), entries);
 }
