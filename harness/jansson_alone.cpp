@@ -30,12 +30,12 @@ std::optional<std::string> render(const json_t *tree, Flags flags)
 }
 
 /// Fails each allocation of the rendering in turn.
-std::set<std::string> damaged_renderings(const json_t *tree, Flags flags, const std::string &right)
+std::set<std::string> damaged_renderings(const json_t *tree, Flags flags, const std::string &right, Failing failing)
 {
     std::set<std::string> damaged;
     bool reached = true;
     for (std::size_t n = 1; reached; ++n) {
-        ledger::fail(n, Failing::once);
+        ledger::fail(n, failing);
         const std::optional<std::string> text = render(tree, flags);
         reached = ledger::asked_for() >= n;
         ledger::pass();
@@ -63,33 +63,36 @@ std::string replaced(const std::string &text, std::size_t at, std::size_t size, 
     return text.substr(0, at) + by + text.substr(at + size);
 }
 
-void collect_damaged_images(const json_t *value, const std::string &image, std::set<std::string> &images)
+void collect_damaged_images(const json_t *value, const std::string &image, Failing failing,
+                            std::set<std::string> &images)
 {
     for (const Flags flags : flag_words) {
         const std::string right = render(value, flags).value_or("");
         const std::size_t at = right.empty() ? std::string::npos : image.find(right);
         if (at == std::string::npos || (!json_is_object(value) && !json_is_array(value)))
             continue;
-        for (const std::string &wrong : damaged_renderings(value, flags, right))
+        for (const std::string &wrong : damaged_renderings(value, flags, right, failing))
             images.insert(replaced(image, at, right.size(), wrong));
     }
     const char *key = nullptr;
     std::size_t index = 0;
     json_t *member = nullptr;
-    json_object_foreach(const_cast<json_t *>(value), key, member) collect_damaged_images(member, image, images);
-    json_array_foreach(const_cast<json_t *>(value), index, member) collect_damaged_images(member, image, images);
+    json_object_foreach(const_cast<json_t *>(value), key, member)
+        collect_damaged_images(member, image, failing, images);
+    json_array_foreach(const_cast<json_t *>(value), index, member)
+        collect_damaged_images(member, image, failing, images);
 }
 
 } // namespace
 
-std::set<std::string> damaged_renderings(const std::string &text)
+std::set<std::string> damaged_renderings(const std::string &text, Failing failing)
 {
     const Json tree(json_loads(text.c_str(), 0, nullptr));
     if (!tree)
         throw std::invalid_argument("not JSON: " + text);
     for (const Flags flags : flag_words) {
         if (render(tree.get(), flags) == text)
-            return damaged_renderings(tree.get(), flags, text);
+            return damaged_renderings(tree.get(), flags, text, failing);
     }
     return {};
 }
@@ -109,13 +112,13 @@ Parsed parse_alone(const std::string &document, FailingAllocation memory)
     return {text, allocations};
 }
 
-std::set<std::string> damaged_images(const std::string &document, const std::string &image)
+std::set<std::string> damaged_images(const std::string &document, const std::string &image, Failing failing)
 {
     const Json tree(json_loads(document.c_str(), 0, nullptr));
     if (!tree)
         throw std::invalid_argument("not JSON: " + document);
     std::set<std::string> images;
-    collect_damaged_images(tree.get(), image, images);
+    collect_damaged_images(tree.get(), image, failing, images);
     return images;
 }
 

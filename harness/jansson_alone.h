@@ -14,9 +14,9 @@ namespace kelmora_harness {
 // that they render, or a character of a string that they parse: not the library's to see. What the library does with a
 // failing allocation is explained where jansson alone does the same.
 
-/// The wrong texts that jansson alone renders, and reports as success, instead of this one when one allocation fails.
-/// text: a text that json_dumps renders with one of the library's flag words; none is found for another.
-[[nodiscard]] std::set<std::string> damaged_renderings(const std::string &text);
+/// The wrong texts that jansson alone renders, and reports as success, instead of this one when an allocation fails,
+/// whichever it is. text: one that json_dumps renders with one of the library's flag words; for another none is found.
+[[nodiscard]] std::set<std::string> damaged_renderings(const std::string &text, Failing failing);
 
 /// What jansson alone parses a document to.
 struct Parsed {
@@ -26,8 +26,9 @@ struct Parsed {
 [[nodiscard]] Parsed parse_alone(const std::string &document, FailingAllocation memory = {});
 
 /// The images that differ from a right one only in that a part of the document, which the record holds as text, stands
-/// in it as jansson alone renders it when one allocation fails.
-[[nodiscard]] std::set<std::string> damaged_images(const std::string &document, const std::string &image);
+/// in it as jansson alone renders it when an allocation fails, whichever it is.
+[[nodiscard]] std::set<std::string> damaged_images(const std::string &document, const std::string &image,
+                                                   Failing failing);
 
 } // namespace kelmora_harness
 

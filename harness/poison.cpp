@@ -1,5 +1,7 @@
 #include "harness/poison.h"
 
+#include "host/gateway/blank.h"
+
 #include "kelmora_records.h"
 
 #include <array>
@@ -89,7 +91,6 @@ private:
 
 /// What can be done with the records of a resource.
 struct Type {
-    Record (*make)(unsigned char byte);
     Record (*guarded_copy)(Record record);
     std::string (*image)(Record &record);
     void (*fill)(Record &record, Fill &fill);
@@ -109,7 +110,7 @@ template <class T> struct TypeOf {
 
     static void fill(Record &record, Fill &fill) { fill.whole(record.as<T>()); }
 
-    static constexpr Type value{filled_record<T>, guarded_copy, image, fill};
+    static constexpr Type value{guarded_copy, image, fill};
 };
 
 // A node's data is the chain itself.
@@ -126,9 +127,12 @@ const Type &type_of(const Resource &resource)
 
 } // namespace
 
-Record blank_record(const Resource &resource) { return type_of(resource).make(0); }
+Record blank_record(const Resource &resource) { return guarded_copy(resource, kelmora_host::blank_record(resource)); }
 
-Record poisoned_record(const Resource &resource) { return type_of(resource).make(poison); }
+Record poisoned_record(const Resource &resource)
+{
+    return guarded_copy(resource, kelmora_host::poisoned_record(resource));
+}
 
 Record guarded_copy(const Resource &resource, Record record)
 {

@@ -98,10 +98,10 @@ template <class Type> std::string image_of(const Type &record)
 
 // The same for a record of a resource, guarded or not. A guarded one is what checked calls (harness/call.h) ask for.
 
-/// A new record of the resource's type, guarded: all zeros, its chains and strings empty.
+/// The host's blank record of the resource, guarded: all zeros, its chains and strings empty.
 [[nodiscard]] kelmora_host::Record blank_record(const kelmora_host::Resource &resource);
 
-/// The same with every byte poison, but for its empty chains and strings.
+/// The host's poisoned one, guarded: every byte poison, but for its empty chains and strings.
 [[nodiscard]] kelmora_host::Record poisoned_record(const kelmora_host::Resource &resource);
 
 /// A guarded copy of a record of the resource's that is not guarded.

@@ -73,6 +73,11 @@ void check_answer(const Resource &resource, const Document &document, const From
     }
 }
 
+Node guarded_node(const Resource &resource, Node sample)
+{
+    return {sample.id(), kelmora_harness::guarded_copy(resource, std::move(sample.record()))};
+}
+
 } // namespace
 
 Tally &Tally::operator+=(const Tally &other)
@@ -104,8 +109,8 @@ void Worker::make_nodes()
 {
     for (const Subject &subject : *subjects_) {
         std::vector<Node> nodes;
-        for (Node &sample : samples_.nodes(subject.resource.name))
-            nodes.emplace_back(sample.id(), kelmora_harness::guarded_copy(subject.resource, sample.record()));
+        for (const Node &sample : samples_.nodes(subject.resource.name))
+            nodes.push_back(guarded_node(subject.resource, sample));
         nodes.emplace_back("blank", kelmora_harness::blank_record(subject.resource));
         nodes.emplace_back("poisoned", kelmora_harness::poisoned_record(subject.resource));
         nodes_.push_back(std::move(nodes));
@@ -128,15 +133,14 @@ void Worker::serve(std::uint64_t calls)
 Node Worker::fresh_node(std::size_t subject)
 {
     const Resource &resource = (*subjects_)[subject].resource;
-    std::vector<Node> &samples = samples_.nodes(resource.name);
+    const std::vector<Node> &samples = samples_.nodes(resource.name);
     switch (below(4, random_)) {
     case 0:
         return {"blank", kelmora_harness::blank_record(resource)};
     case 1:
         return {"poisoned", kelmora_harness::poisoned_record(resource)};
     default:
-        Node &sample = samples[below(samples.size(), random_)];
-        return {sample.id(), kelmora_harness::guarded_copy(resource, sample.record())};
+        return guarded_node(resource, samples[below(samples.size(), random_)]);
     }
 }
 

@@ -44,7 +44,7 @@ TEST(ParsedAlone, LacksAtMostOneCharacterOfAStringWhicheverAllocationFails)
 TEST(DamagedRenderings, DoNotHoldTheRightTextNorMoreThanItLoses)
 {
     const std::string right = R"({"a key of some length": ["a string", 1, {"another key, a longer one": true}]})";
-    for (const std::string &wrong : damaged_renderings(right)) {
+    for (const std::string &wrong : damaged_renderings(right, Failing::once)) {
         EXPECT_NE(wrong, right);
         EXPECT_LT(wrong.size(), right.size());
     }
@@ -52,19 +52,19 @@ TEST(DamagedRenderings, DoNotHoldTheRightTextNorMoreThanItLoses)
 
 TEST(DamagedRenderings, AreNoneOfATextThatIsRenderedOtherwise)
 {
-    EXPECT_TRUE(damaged_renderings("{\"a\":1}").empty());
-    EXPECT_THROW(static_cast<void>(damaged_renderings("{")), std::invalid_argument);
+    EXPECT_TRUE(damaged_renderings("{\"a\":1}", Failing::once).empty());
+    EXPECT_THROW(static_cast<void>(damaged_renderings("{", Failing::once)), std::invalid_argument);
 }
 
 TEST(DamagedImages, AreNoneWhereNoPartOfTheDocumentStandsAsText)
 {
-    EXPECT_TRUE(damaged_images(R"({"a": {"b": 1}})", "an image").empty());
+    EXPECT_TRUE(damaged_images(R"({"a": {"b": 1}})", "an image", Failing::once).empty());
 }
 
 TEST(DamagedImages, KeepWhatStandsAroundThePart)
 {
     const std::string part = R"({"a key of some length": "a string", "another key of some length": 1})";
-    for (const std::string &image : damaged_images("{\"body\": " + part + "}", "<" + part + ">")) {
+    for (const std::string &image : damaged_images("{\"body\": " + part + "}", "<" + part + ">", Failing::once)) {
         EXPECT_TRUE(image.starts_with("<{"));
         EXPECT_TRUE(image.ends_with("}>"));
         EXPECT_LT(image.size(), part.size() + 2);

@@ -388,16 +388,26 @@ TEST(UnusualReals, ThatJsonDoesNotHaveAreLeftOut)
     }
 }
 
+/// As jansson alone writes it: some of its releases write all 17 digits, others as many as are needed.
+std::string real(double value)
+{
+    const Json json(json_real(value));
+    std::string text = rendered(json.get());
+    EXPECT_EQ(std::strtod(text.c_str(), nullptr), value);
+    return text;
+}
+
 TEST(UnusualReals, ThatJsonHasAreWrittenExactly)
 {
     EXPECT_THAT(text_of("ping", kelmora_ping{.max_time = -0.0, .min_time = 5e-324}),
-                AllOf(HasSubstr("\"max_time\": -0.0"), HasSubstr("\"min_time\": 4.9406564584124654e-324")));
+                AllOf(HasSubstr("\"max_time\": -0.0"), HasSubstr("\"min_time\": " + real(5e-324))));
     EXPECT_THAT(text_of("traceroute", kelmora_traceroute{.hop_list = kelmora_host::make_chain<kelmora_traceroute_hop>(
                                                              {{.rtt_1 = -0.0, .rtt_2 = 1e300, .next = nullptr}})}),
-                AllOf(HasSubstr("-0.0"), HasSubstr("1.0000000000000001e300")));
+                AllOf(HasSubstr("-0.0"), HasSubstr(real(1e300))));
     EXPECT_THAT(
         text_of("pon_status", kelmora_pon_status{.bias_current = -0.0F, .voltage = std::numeric_limits<float>::max()}),
-        AllOf(HasSubstr("\"bias_current\": -0.0"), HasSubstr("\"voltage\": 3.4028234663852886e38")));
+        AllOf(HasSubstr("\"bias_current\": -0.0"),
+              HasSubstr("\"voltage\": " + real(std::numeric_limits<float>::max()))));
 }
 
 /// A locale whose decimal point is a comma, made for the test and set for the process.

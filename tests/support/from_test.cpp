@@ -146,7 +146,7 @@ void FromTestBase::expect_explained(const std::string &complete, kelmora_harness
     const std::string which = " with allocation " + std::to_string(memory.number) + " failing";
     const kelmora_harness::Parsed parsed = kelmora_harness::parse_alone(document_, memory);
     if (memory.number > parsed.allocations) {
-        EXPECT_TRUE(kelmora_harness::damaged_images(document_, complete).contains(stored))
+        EXPECT_TRUE(kelmora_harness::damaged_images(document_, complete, memory.failing).contains(stored))
             << "accepted, but not as it stands," << which;
         return;
     }
