@@ -113,6 +113,7 @@ STATEMENT = re.compile(
 NO_STATEMENT = r"\1static_cast<void>(0);"
 CALL = re.compile(r"^( +[\w.>-]+\(.+, )([\w.>\[\]-]+)\);$")
 REQUIRED = re.compile(r"\brequired\w*\(([^,]*)")
+OPTIONAL = re.compile(r"\boptional_")
 WRITE = re.compile(r"^ +\w+\.(boolean|integer|real|string|whole_string)\(")
 
 
@@ -158,7 +159,7 @@ def presence_shows(code, unit_text):
 
 def order_shows(code, following, unit_text):
     """Whether the order of two statements can matter."""
-    if ".optional_" in code and ".optional_" in following:
+    if OPTIONAL.search(code) and OPTIONAL.search(following):
         return False  # neither can fail
     return not (WRITE.match(code) and "Flags::pretty" in unit_text)  # sorted when rendered
 
