@@ -1,6 +1,6 @@
 # What a build can choose, and the compiler flags that follow from it.
 
-option(KELMORA_RELEASE_ALL "Release every parsed document, also on the paths that keep theirs by contract" OFF)
+option(KELMORA_RELEASE_ALL "Release every parsed document, also those of the known leaks" OFF)
 set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
 set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")

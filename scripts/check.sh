@@ -1,32 +1,20 @@
 #!/bin/sh
-# Everything that must hold before a change lands. Stops at the first failure. What a machine without the tools for it
-# had to leave out is said at the end; with CI=true that is a failure.
+# Everything that must hold before a change lands: stages, of which one builds and another one runs tests at a time, as
+# most tests leave a processor to spare. Ends at the first stage that fails, with its output. What a machine without the
+# tools for it had to leave out is said at the end; with CI=true that is a failure.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 
-mkdir -p build
+work=build/check
+rm -rf "$work"
+mkdir -p "$work"
 touch build/missing.txt
+mkfifo "$work/ended"
+exec 3<>"$work/ended" # held open, so that who waits for the end of a stage is not told of an end of file
+begun=$(date +%s)
 
-stage() { printf '\n== %s\n' "$*"; }
-die() {
-    printf '\nmake check: FAILED: %s\n' "$*" >&2
-    exit 1
-}
-
-left_out=""
-leave_out() { left_out="$left_out
-  - $1"; }
-
-# tests PRESET WHAT: builds a preset and runs its tests.
-tests() {
-    stage "$2"
-    sh scripts/build.sh "$1" || die "$2: build"
-    if [ -f "build/$1/tests/CTestTestfile.cmake" ]; then
-        ctest --preset "$1" || die "$2"
-    else
-        leave_out "the $2 (GoogleTest, CLI11, RapidJSON or jansson was not found)"
-    fi
-}
+: >"$work/left_out"
+leave_out() { echo "  - $1" >>"$work/left_out"; }
 
 # can TOOL...: whether all tools are there; those that are not have been named by install-dependencies.sh.
 can() {
@@ -38,43 +26,144 @@ can() {
 # Whether clang is there together with its run-time libraries, which some distributions package apart.
 can_sanitize() {
     can clang++ && echo 'int main() { return 0; }' |
-        clang++ -fsanitize=address,undefined -x c++ - -o build/sanitizer-probe 2>/dev/null
+        clang++ -fsanitize=address,undefined -x c++ - -o "$work/sanitizer-probe" 2>/dev/null
 }
 
-tests release "tests on this machine, with gcc"
-can valgrind python3 || leave_out "the counts of instructions"
+# ---- the stages
 
-if can_sanitize; then
-    tests asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer, with clang"
+# stage NAME LANE NEEDS TITLE COMMAND: one that runs when its lane is free and the stage NEEDS (- for none) has passed.
+# One that ends with 77 could not be tried.
+stage() {
+    echo "$1" >>"$work/pending"
+    echo "$2" >"$work/$1.lane"
+    echo "$3" >"$work/$1.needs"
+    echo "$4" >"$work/$1.title"
+    echo "$5" >"$work/$1.command"
+}
 
-    stage "fuzzing, for a minute"
-    sh scripts/fuzz.sh 30 || die "fuzzing"
+# tests PRESET NEEDS TITLE
+tests() {
+    stage "$1-tests" run "$2" "$3" "[ -f build/$1/tests/CTestTestfile.cmake ] || exit 77; ctest --preset $1"
+}
 
-    stage "all resources at once in eight threads, with ThreadSanitizer, with clang"
-    sh scripts/build.sh tsan kelmora-soak || die "the soak with ThreadSanitizer: build"
-    ctest --preset tsan -R '^soak$' || die "the soak with ThreadSanitizer"
-else
-    leave_out "the tests with sanitizers"
-fi
+# In the order in which a lane takes them.
+stage release build - "building for this machine, with gcc" "sh scripts/build.sh release"
+tests release release "tests on this machine"
+can valgrind python3 || leave_out "memcheck, and the counts of instructions"
 
 if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt ]; then
-    sh scripts/build-mips-sysroot.sh || die "the JSON library for MIPS"
-    tests mips "tests on MIPS, under qemu-mips"
+    stage mips build - "building for MIPS" "sh scripts/build-mips-sysroot.sh && sh scripts/build.sh mips"
+    tests mips mips "tests on MIPS, under qemu-mips"
 else
     leave_out "the MIPS build and its tests"
 fi
 
-if can clang-format clang-tidy; then
-    stage "lint"
-    sh scripts/lint.sh || die "lint"
+if can_sanitize; then
+    stage asan build - "building with AddressSanitizer and UndefinedBehaviorSanitizer, with clang" \
+        "sh scripts/build.sh asan"
+    tests asan asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer"
+    stage fuzz run asan "fuzzing, 30 seconds each" "sh scripts/fuzz.sh 30"
+    stage tsan build - "building the soak with ThreadSanitizer, with clang" "sh scripts/build.sh tsan kelmora-soak"
+    stage tsan-soak run tsan "all resources at once in eight threads, with ThreadSanitizer" \
+        "ctest --preset tsan -R '^soak\$'"
 else
-    leave_out "lint"
+    leave_out "the tests with sanitizers"
 fi
 
-if [ -n "$left_out" ]; then
-    printf '\n!! make check LEFT OUT:%s\n!! for want of:\n' "$left_out" >&2
-    sed 's/^/  - /' build/missing.txt >&2
-    [ "${CI:-}" != true ] || die "CI must leave out nothing"
+if can clang-format clang-tidy clang++ shellcheck mandoc && /usr/bin/python3 -c 'import clang.cindex' 2>/dev/null; then
+    stage lint build release "lint" "sh scripts/lint.sh"
+    stage adding build release "a resource added to a copy" "sh tests/adding_a_resource_test.sh"
+else
+    leave_out "lint, and adding a resource to a copy"
+fi
+
+# ---- running them
+
+clock() {
+    seconds=$(($(date +%s) - begun))
+    printf '%2d:%02d' $((seconds / 60)) $((seconds % 60))
+}
+
+# The stage that runs in each lane. Each is a process group of its own.
+build=
+run=
+stop() {
+    groups=$(cat "$work"/*.group 2>/dev/null)
+    for group in $groups; do
+        kill -TERM "-$group" 2>/dev/null
+    done
+}
+trap 'stop; exit 1' HUP INT TERM
+
+begin() {
+    printf '[%s] begins: %s\n' "$(clock)" "$(cat "$work/$1.title")"
+    date +%s >"$work/$1.begun"
+    # shellcheck disable=SC2016 # the arguments of that shell
+    setsid sh -c 'sh -c "$2" >"$3" 2>&1 </dev/null; echo "$1 $?" >"$4"' sh "$1" "$(cat "$work/$1.command")" "$work/$1.log" \
+        "$work/ended" 3>&- &
+    echo $! >"$work/$1.group"
+}
+
+# begin_what_can: in each lane that is free, the first stage that waits for nothing.
+begin_what_can() {
+    names=$(cat "$work/pending")
+    for name in $names; do
+        needs=$(cat "$work/$name.needs")
+        lane=$(cat "$work/$name.lane")
+        eval "busy=\$$lane"
+        [ -z "$busy" ] || continue
+        [ "$needs" = - ] || [ -f "$work/$needs.passed" ] || continue
+        eval "$lane=\$name"
+        sed -i "/^$name\$/d" "$work/pending"
+        begin "$name"
+    done
+}
+
+: >"$work/times"
+while :; do
+    begin_what_can
+    [ -n "$build$run" ] || break
+    read -r name status <&3
+    rm "$work/$name.group"
+    title=$(cat "$work/$name.title")
+    seconds=$(($(date +%s) - $(cat "$work/$name.begun")))
+    [ "$build" != "$name" ] || build=
+    [ "$run" != "$name" ] || run=
+    case $status in
+    0)
+        touch "$work/$name.passed"
+        printf '[%s] passed: %s, %d s\n' "$(clock)" "$title" "$seconds"
+        grep -E 'tests passed|Total Test time|^lint:|^stat::|DONE' "$work/$name.log" | sed 's/^/        /'
+        printf '%6d s  %s\n' "$seconds" "$title" >>"$work/times"
+        ;;
+    77)
+        leave_out "the $title (GoogleTest or what kelmora-host needs was not found)"
+        ;;
+    *)
+        stop
+        printf '\n'
+        cat "$work/$name.log"
+        printf '\nmake check: FAILED: %s\n' "$title" >&2
+        exit 1
+        ;;
+    esac
+done
+
+printf '\n'
+cat "$work/times"
+printf '%6d s  in all\n' $(($(date +%s) - begun))
+
+if [ -s "$work/left_out" ]; then
+    {
+        printf '\n!! make check LEFT OUT:\n'
+        cat "$work/left_out"
+        printf '!! for want of:\n'
+        sed 's/^/  - /' build/missing.txt
+    } >&2
+    [ "${CI:-}" != true ] || {
+        printf '\nmake check: FAILED: CI must leave out nothing\n' >&2
+        exit 1
+    }
     printf '\nmake check: passed, but for what was left out\n'
 else
     printf '\nmake check: passed\n'

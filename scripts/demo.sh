@@ -9,6 +9,7 @@ if [ ! -x build/release/kelmora-host ]; then
     exit 1
 fi
 PATH=$PWD/build/release:$PATH
+resources=$(grep -c '^    ROW(' include/kelmora_resources.h)
 
 # step WORDS COMMAND STATUS TEXT: runs a command, which must exit with the status and print the text.
 step() {
@@ -33,7 +34,7 @@ step() {
 echo "kelmora-host loads the plug-in as a gateway does, and asks it to translate the records of a sample gateway."
 
 step "The plug-in registers a pair of translators for every resource:" \
-    "kelmora-host list | tail -n 1" 0 "98 pairs registered by libkelmora_json 1.3.0, numbers 0 to 97"
+    "kelmora-host list | tail -n 1" 0 "$resources pairs registered by libkelmora_json "
 step "The Wi-Fi networks, read out as a JSON list:" \
     "kelmora-host show wireless" 0 '[{"mode": 1, "enabled": true, "id": "wlan0", '
 step "One of them, as a JSON object:" \

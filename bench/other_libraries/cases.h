@@ -49,8 +49,8 @@ template <class Call> void settle(const std::string &name, Call &call)
 }
 
 /// Calls measure(name, call, same_bytes) for each case of a other_library, where the name is "RESOURCE DIRECTION SIZE:
-/// PEER". The call was checked and settled. same_bytes: its result is the baseline's byte for byte, not only the same
-/// document.
+/// LIBRARY". The call was checked and settled. same_bytes: its result is the baseline's byte for byte, not only the
+/// same document.
 template <class Measure> void for_each_case(const OtherLibrary &other_library, Measure measure)
 {
     require_same_odd_texts(other_library);

@@ -1,5 +1,5 @@
 // Prints what each case of each other_library asks of the heap, and how its result compares with the baseline's:
-// "RESOURCE DIRECTION SIZE: PEER: ALLOCATIONS PEAK same|nearest".
+// "RESOURCE DIRECTION SIZE: LIBRARY: ALLOCATIONS PEAK same|nearest".
 #include "bench/heap.h"
 #include "bench/other_libraries/cases.h"
 #include "bench/program.h"

@@ -1,5 +1,7 @@
 #include "host/cli/cli.h"
 
+#include "kelmora_json.h"
+
 #include <cstddef>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -64,7 +66,10 @@ Ending run_with(std::initializer_list<const char *> arguments)
     return {status, out.str(), err.str()};
 }
 
-TEST(CommandLine, TellsItsVersion) { EXPECT_EQ(run_with({"--version"}), (Ending{0, "kelmora-host 1.3.0\n", ""})); }
+TEST(CommandLine, TellsItsVersion)
+{
+    EXPECT_EQ(run_with({"--version"}), (Ending{0, "kelmora-host " KELMORA_JSON_VERSION "\n", ""}));
+}
 
 TEST(CommandLine, HelpsWithExamplesAndExitStatuses)
 {

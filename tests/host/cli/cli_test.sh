@@ -10,6 +10,8 @@ if [ $# -eq 0 ]; then
 fi
 
 examples=$(cd "$(dirname "$0")/../../../examples" && pwd) || exit 1
+resources=$(grep -c '^    ROW(' "$examples/../include/kelmora_resources.h")
+version=$(sed -n 's/^#define KELMORA_JSON_VERSION "\(.*\)"$/\1/p' "$examples/../include/kelmora_json.h")
 work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
 
@@ -88,18 +90,18 @@ survey0='{
 try list
 status_is 0
 err_is ""
-[ "$(wc -l <"$work/out")" -eq 100 ] || fail "expected a header, 98 resources and the totals"
+[ "$(wc -l <"$work/out")" -eq $((resources + 2)) ] || fail "expected a header, $resources resources and the totals"
 out_has "NUMBER  RESOURCE                          DIRECTIONS  GROUP"
 out_has "     5  radio                             both        wireless"
 out_has "    20  site_survey                       read-only   wireless"
 out_has "    12  telnet                            write-only  device"
-tail -n 1 "$work/out" | grep -q '^98 pairs registered by libkelmora_json 1\.3\.0: numbers 0 to 97$' ||
+tail -n 1 "$work/out" | grep -q "^$resources pairs registered by libkelmora_json $version: numbers 0 to $((resources - 1))\$" ||
     fail "expected the totals last"
 
 try list --group pon
 status_is 0
 [ "$(grep -c '  pon$' "$work/out")" -eq 8 ] || fail "expected the eight resources of the group"
-tail -n 1 "$work/out" | grep -q '^8 pairs of the group pon registered by libkelmora_json 1\.3\.0: numbers 35 to 38, 40 to 42 and 45$' ||
+tail -n 1 "$work/out" | grep -q "^8 pairs of the group pon registered by libkelmora_json $version: numbers 35 to 38, 40 to 42 and 45\$" ||
     fail "expected the totals of the group last"
 
 try list --group wireless --json
@@ -418,7 +420,7 @@ fails_with 4 "kelmora-host: error: cannot load $work/missing.so: No such file or
 try --plugin "$examples/radio.json" list
 fails_with 4 "kelmora-host: error: cannot load $examples/radio.json: it is no shared object"
 
-head -c 20000 "$(dirname "$program")/libkelmora_json.so.1.3.0" >"$work/cut.so"
+head -c 20000 "$(dirname "$program")/libkelmora_json.so.$version" >"$work/cut.so"
 try --plugin "$work/cut.so" list
 status_is 4
 out_is ""
@@ -451,7 +453,7 @@ done
 # ---- help and version
 
 try --version
-succeeds "kelmora-host 1.3.0"
+succeeds "kelmora-host $version"
 
 try --help
 status_is 0
@@ -469,7 +471,7 @@ out_has "--id ID"
 cp "$program" "$work/kelmora-host"
 program=$work/kelmora-host
 try list
-fails_with 4 "kelmora-host: error: cannot load $work/libkelmora_json.so.1.3.0: No such file or directory"
+fails_with 4 "kelmora-host: error: cannot load $work/libkelmora_json.so.$version: No such file or directory"
 
 if [ "$failures" -ne 0 ]; then
     echo "$failures checks failed in $cases cases"

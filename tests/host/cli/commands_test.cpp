@@ -206,10 +206,12 @@ TEST_F(Commands, ListTheResourcesOfAGroupAsATable)
 TEST_F(Commands, ListAllResourcesInTheOrderOfTheirNumbers)
 {
     const std::string table = list_as_table("", "9.8.7");
-    EXPECT_EQ(std::ranges::count(table, '\n'), 1 + 98 + 1);
+    EXPECT_EQ(std::ranges::count(table, '\n'), 1 + KELMORA_RESOURCE_COUNT + 1);
     EXPECT_THAT(table, HasSubstr("\n     0  wireless  "));
     EXPECT_LT(table.find("\n     5  radio  "), table.find("\n    20  site_survey  "));
-    EXPECT_THAT(table, HasSubstr("\n98 pairs registered by libkelmora_json 9.8.7: numbers 0 to 97\n"));
+    EXPECT_THAT(table, HasSubstr("\n" + std::to_string(KELMORA_RESOURCE_COUNT) +
+                                 " pairs registered by libkelmora_json 9.8.7: numbers 0 to " +
+                                 std::to_string(KELMORA_RESOURCE_COUNT - 1) + "\n"));
 }
 
 TEST_F(Commands, ListOnlyWhatIsRegistered)

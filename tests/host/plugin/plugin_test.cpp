@@ -68,7 +68,7 @@ TEST(Plugin, IsBesideTheProgramUnlessToldOtherwise)
 {
     const std::filesystem::path path = Plugin::default_path();
     EXPECT_TRUE(path.is_absolute());
-    EXPECT_EQ(path.filename(), "libkelmora_json.so.1.3.0");
+    EXPECT_EQ(path.filename(), "libkelmora_json.so." KELMORA_JSON_VERSION);
     EXPECT_TRUE(std::filesystem::exists(path.parent_path() / program_invocation_short_name)) << path;
 }
 

@@ -86,7 +86,7 @@ TEST_F(RegistryTest, TakesWhatThePlugInRegisters)
 
 TEST(Resources, StandAtTheIndexOfTheirNumber)
 {
-    ASSERT_EQ(resources().size(), 98U);
+    ASSERT_EQ(resources().size(), std::size_t{KELMORA_RESOURCE_COUNT});
     for (std::size_t i = 0; i < resources().size(); ++i)
         EXPECT_EQ(resources()[i].number, static_cast<int>(i));
 }
@@ -96,7 +96,7 @@ TEST(Resources, HaveNamesOfTheirOwn)
     std::set<std::string_view> names;
     for (const Resource &resource : resources())
         names.insert(resource.name);
-    EXPECT_EQ(names.size(), 98U);
+    EXPECT_EQ(names.size(), resources().size());
 }
 
 TEST(Resources, AreFoundByName)
