@@ -44,13 +44,18 @@ step "A radio before it is written to:" \
 step "A document for it:" \
     "cat examples/radio.json" 0 '"power": 50'
 step "The document written into the radio, and the radio read back:" \
-    "kelmora-host set radio --id radio1 examples/radio.json" 0 '"power": 50}'
+    "kelmora-host try radio --id radio1 examples/radio.json" 0 '"power": 50}'
 step "The same document without \"power\" is refused; the error is the one that the host was given:" \
-    "kelmora-host set radio --id radio1 examples/radio-missing-power.json" 1 \
-    'examples/radio-missing-power.json: error: power field not found (field "power", source "json")'
+    "kelmora-host try radio --id radio1 examples/radio-missing-power.json" 1 \
+    'examples/radio-missing-power.json:1:1: error: /power: power field not found (field "power", source "json")'
 step "A program asks for the answer as JSON:" \
-    "kelmora-host set radio --id radio1 --json examples/radio-missing-power.json" 1 \
-    '{"accepted": false, "errors": [{"field": "power", "message": "power field not found", "source": "json"}]}'
+    "kelmora-host try radio --id radio1 --json examples/radio-missing-power.json" 1 \
+    '"result": "rejected", "errors": [{"field": "power", "message": "power field not found", "source": "json", "pointer": "/power", '
 step "A text that does not parse is refused with its line and column:" \
-    "kelmora-host set radio --id radio1 examples/radio-broken.json" 1 \
+    "kelmora-host try radio --id radio1 examples/radio-broken.json" 1 \
     'examples/radio-broken.json:7:15: error: invalid json data'
+step "A document that is accepted, but not as it was meant: what is lost, and where:" \
+    "kelmora-host check wireless examples/wireless-lossy.json" 3 \
+    'examples/wireless-lossy.json:5:13: warning: /ssid: 47 bytes sent, 32 kept [cut]'
+step "The same document as the plug-in sees it, step by step:" \
+    "kelmora-host trace wireless examples/wireless-lossy.json" 0 '/crypto'

@@ -256,6 +256,12 @@ out_is '{"file": "'"$examples"'/radio.json", "resource": "radio", "result": "los
 {"file": "'"$work"'/missing.json", "error": "No such file or directory", "status": 4}'
 err_is ""
 
+cd "$examples/.." || exit 1
+try check wireless examples/wireless-lossy.json
+status_is 3
+out_is "$(sed -n 's/^    \(examples\/wireless-lossy.json:.*\)/\1/p' README.md)"
+[ "$(wc -l <"$work/out")" -eq 4 ] || fail "expected the four faults that the README tells of"
+
 printf '{"ssid": "\303\244", "ssid": "\303\244"}' >"$work/twice"
 try check wireless --json "$work/twice"
 status_is 1
