@@ -3,6 +3,7 @@
 #include "harness/address_sanitizer.h"
 #include "harness/known_leaks.h"
 #include "harness/poison.h"
+#include "harness/watch.h"
 
 #include "host/json.h"
 
@@ -172,15 +173,15 @@ FromAnswer call_from(kelmora_from_translator from, Node &node, const std::string
     std::optional<kelmora_host::FreeLost> free_lost(node.record());
 
     kelmora_errorlist list;
-    list.on_add = [&] {
-        const Error &error = list.errors.back();
+    const WatchErrors watch([&](const kelmora_errorlist &reported) {
+        const Error &error = reported.errors.back();
         if (error.source == "host" || is_remark(error)) // the translation goes on
             return;
         const bool released = ledger::json() == json_before;
-        if (leaks({0, list.errors}) ? released : !released)
+        if (leaks({0, reported.errors}) ? released : !released)
             answer.faults.push_back(released ? "the document is not leaked at its error"
                                              : "the document is not released before its error");
-    };
+    });
 
     auto *record_guard = static_cast<unsigned char *>(node.record().bytes()) + node.record().size() - guard_size;
     Guard guard(record_guard);

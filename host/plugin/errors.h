@@ -1,7 +1,6 @@
 #ifndef KELMORA_HOST_PLUGIN_ERRORS_H
 #define KELMORA_HOST_PLUGIN_ERRORS_H
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,7 +20,6 @@ struct Error {
 /// A request's errors, in the order in which they were reported.
 struct kelmora_errorlist {
     std::vector<kelmora_host::Error> errors;
-    std::function<void()> on_add; ///< called after each error, for those who want to look at that very moment
 };
 
 #endif

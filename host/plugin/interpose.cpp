@@ -25,13 +25,12 @@ template <class Function> Function *next(const char *name)
     return reinterpret_cast<Function *>(function);
 }
 
-/// The result of call(), once the observer was told of it by tell(Observer &, result).
+/// The result of call(), once the observers were told of it by tell(Observer &, result).
 template <class Call, class Tell> auto told(Call call, Tell tell)
 {
     const Silence silence;
     const auto result = call();
-    if (silence.observer() != nullptr)
-        tell(*silence.observer(), result);
+    silence.tell([&](Observer &observer) { tell(observer, result); });
     return result;
 }
 
@@ -51,7 +50,8 @@ json_t *json_object_get(const json_t *object, const char *key)
     static const auto real = next<decltype(json_object_get)>("json_object_get");
     const Silence silence;
     json_t *found = real(object, key);
-    return silence.observer() != nullptr ? silence.observer()->member(object, key, found) : found;
+    silence.tell([&](Observer &observer) { found = observer.member(object, key, found); });
+    return found;
 }
 
 json_t *json_array_get(const json_t *array, std::size_t index)
@@ -59,7 +59,8 @@ json_t *json_array_get(const json_t *array, std::size_t index)
     static const auto real = next<decltype(json_array_get)>("json_array_get");
     const Silence silence;
     json_t *found = real(array, index);
-    return silence.observer() != nullptr ? silence.observer()->element(array, index, found) : found;
+    silence.tell([&](Observer &observer) { found = observer.element(array, index, found); });
+    return found;
 }
 
 std::size_t json_array_size(const json_t *array)

@@ -6,16 +6,16 @@ namespace kelmora_host {
 
 namespace {
 
-thread_local Observer *current = nullptr;
+thread_local Observation *innermost = nullptr;
 
 } // namespace
 
-Observation::Observation(Observer &observer) : outer_(std::exchange(current, &observer)) {}
+Observation::Observation(Observer &observer) : observer_(observer), outer_(std::exchange(innermost, this)) {}
 
-Observation::~Observation() { current = outer_; }
+Observation::~Observation() { innermost = outer_; }
 
-Silence::Silence() : observer_(std::exchange(current, nullptr)) {}
+Silence::Silence() : innermost_(std::exchange(innermost, nullptr)) {}
 
-Silence::~Silence() { current = observer_; }
+Silence::~Silence() { innermost = innermost_; }
 
 } // namespace kelmora_host

@@ -64,7 +64,8 @@ public:
     virtual void adding(const AddedEntry & /*entry*/) {}
 };
 
-/// While it lives, what this thread's calls of the plug-in do is told to an observer. They nest; the innermost is told.
+/// While it lives, what this thread's calls of the plug-in do is told to an observer. They nest: all are told, the
+/// outer ones first.
 class Observation {
 public:
     explicit Observation(Observer &observer);
@@ -72,11 +73,20 @@ public:
     Observation &operator=(const Observation &) = delete;
     ~Observation();
 
+    /// Calls tell(Observer &) for this observation's observer, those of the outer ones before.
+    template <class Tell> void tell(const Tell &tell)
+    {
+        if (outer_ != nullptr)
+            outer_->tell(tell);
+        tell(observer_);
+    }
+
 private:
-    Observer *outer_;
+    Observer &observer_;
+    Observation *outer_;
 };
 
-/// Silences this thread's observation while it lives, and knows whom it silenced: for the functions that tell.
+/// Silences this thread's observations while it lives, and knows whom it silenced: for the functions that tell.
 class Silence {
 public:
     Silence();
@@ -84,19 +94,22 @@ public:
     Silence &operator=(const Silence &) = delete;
     ~Silence();
 
-    /// The observer to tell, or NULL.
-    [[nodiscard]] Observer *observer() const { return observer_; }
+    /// Calls tell(Observer &) for each observer.
+    template <class Tell> void tell(const Tell &tell) const
+    {
+        if (innermost_ != nullptr)
+            innermost_->tell(tell);
+    }
 
 private:
-    Observer *observer_;
+    Observation *innermost_;
 };
 
-/// Calls tell(Observer &) when somebody observes this thread.
-template <class Tell> void tell_observer(Tell tell)
+/// Calls tell(Observer &) for each that observes this thread.
+template <class Tell> void tell_observers(const Tell &tell)
 {
     const Silence silence;
-    if (silence.observer() != nullptr)
-        tell(*silence.observer());
+    silence.tell(tell);
 }
 
 } // namespace kelmora_host

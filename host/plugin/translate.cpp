@@ -9,9 +9,7 @@
 void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, const char *message, const char *source)
 {
     errors->errors.push_back({field, message, source});
-    if (errors->on_add)
-        errors->on_add();
-    kelmora_host::tell_observer([errors](kelmora_host::Observer &observer) { observer.failed(*errors); });
+    kelmora_host::tell_observers([errors](kelmora_host::Observer &observer) { observer.failed(*errors); });
 }
 
 namespace kelmora_host {

@@ -1,3 +1,4 @@
+#include "harness/watch.h"
 #include "kelmora_json.h"
 
 #include "host/plugin/errors.h"
@@ -37,7 +38,8 @@ TEST_F(GetJsonObj, LendsTheMember)
 TEST_F(GetJsonObj, ReportsAMissingMemberAndThenReleasesTheObject)
 {
     std::size_t refcount_at_the_error = 0;
-    errors_.on_add = [&] { refcount_at_the_error = object_->refcount; };
+    const kelmora_harness::WatchErrors watch(
+        [&](const kelmora_errorlist & /*errors*/) { refcount_at_the_error = object_->refcount; });
     EXPECT_EQ(get_json_obj(object_, "gone", "", &errors_), nullptr);
     EXPECT_EQ(refcount_at_the_error, 2U);
     EXPECT_EQ(object_->refcount, 1U);

@@ -1,4 +1,5 @@
 #include "frame/validation.h"
+#include "harness/watch.h"
 
 #include "tests/support/allocations.h"
 
@@ -27,9 +28,11 @@ protected:
                                    "null": null, "array": [], "object": {}})",
                                0, nullptr))
     {
-        errors_.on_add = [this] { released_before_the_error_ = document_->refcount == 1; };
     }
     ~Validate() override { json_decref(document_); }
+
+    const kelmora_harness::WatchErrors watch_{
+        [this](const kelmora_errorlist & /*errors*/) { released_before_the_error_ = document_->refcount == 1; }};
 
     using SingleCheck = int (*)(json_t *, const json_t *, const char *, kelmora_errorlist *);
 

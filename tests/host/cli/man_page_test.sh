@@ -70,7 +70,8 @@ while read -r command; do
         $1 == ".Nm" { inside = 0 }
         $1 == ".Cm" { inside = $2 == command }
         inside && NF > 1 && $1 != ".Cm" { for (i = 2; i <= NF; ++i) if ($i ~ /^-[a-z]/) print "-" $i }
-        inside && ($1 == ".Ar" || $2 == "Ar") { print $NF }' "$page" | sort >"$work/page"
+        inside && $1 == ".Ar" { print $2 }
+        inside && $2 == "Ar" { print $3 }' "$page" | sort >"$work/page"
     same "synopsis of $command"
 done <"$work/commands"
 

@@ -185,16 +185,6 @@ TEST(Write, FreesWhatTheTranslatorLetsGoOf)
     EXPECT_EQ(kelmora_test::allocations::alive(), alive);
 }
 
-TEST(ErrorList, TellsWhoWantsToKnowRightAfterEachError)
-{
-    kelmora_errorlist errors;
-    std::vector<std::size_t> sizes;
-    errors.on_add = [&] { sizes.push_back(errors.errors.size()); };
-    kelmora_errorlist_add_error(&errors, "a", "first", "json");
-    kelmora_errorlist_add_error(&errors, "b", "second", "json");
-    EXPECT_THAT(sizes, ElementsAre(1U, 2U));
-}
-
 } // namespace
 
 } // namespace kelmora_host

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/gateway/lists.h"
+#include "host/plugin/lists.h"
 #include "kelmora_json.h"
 #include "records/firewall.h"
 

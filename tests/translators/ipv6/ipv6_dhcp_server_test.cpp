@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/gateway/lists.h"
+#include "harness/watch.h"
 
 #include "kelmora_json.h"
 #include "records/ipv6.h"
@@ -182,7 +182,6 @@ constexpr char document[] = R"({
 class Ipv6DhcpServerFrom : public FromTest<kelmora_ipv6_dhcp_server> {
 protected:
     Ipv6DhcpServerFrom() : FromTest(ipv6_dhcp_server_from_translator, document) {}
-    ~Ipv6DhcpServerFrom() override { kelmora_host::on_add_entry = nullptr; }
 
     std::vector<std::string> domains()
     {
@@ -409,11 +408,11 @@ TEST_F(Ipv6DhcpServerFrom, FailureLeavesTheListsAlone)
 TEST_F(Ipv6DhcpServerFrom, HandsOverAllDomainsThenAllDnsServersOnceAllElseIsStored)
 {
     std::vector<std::string> handed_over;
-    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) {
+    const kelmora_harness::WatchEntries watch([&](const kelmora_host::AddedEntry &entry) {
         EXPECT_EQ(entry.record, &record());
         expect_settings_stored();
         handed_over.push_back(std::string(entry.list) + ' ' + std::string(entry.text));
-    };
+    });
     const std::string domains_last =
         with(without(document, "domains"), "domains", R"(["guests.example", "lab.example"])");
     for (const std::string &text : {std::string(document), domains_last}) {
@@ -429,7 +428,8 @@ TEST_F(Ipv6DhcpServerFrom, HandsOverAllDomainsThenAllDnsServersOnceAllElseIsStor
 TEST_F(Ipv6DhcpServerFrom, LeavesTheCutOfLongEntriesToTheHost)
 {
     std::vector<std::string> handed_over;
-    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) { handed_over.emplace_back(entry.text); };
+    const kelmora_harness::WatchEntries watch(
+        [&](const kelmora_host::AddedEntry &entry) { handed_over.emplace_back(entry.text); });
     const std::string text = quoted(5000);
     EXPECT_TRUE(accepts(with(with(document, "domains", "[" + text + "]"), "dns_servers", "[" + text + "]")));
     EXPECT_THAT(handed_over, ElementsAre(text.substr(1, 5000), text.substr(1, 5000)));

@@ -2,7 +2,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/gateway/lists.h"
+#include "harness/watch.h"
 #include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
@@ -200,7 +200,6 @@ std::string with_elements(std::initializer_list<std::string> elements)
 class Tr369LocalAgentControllerFrom : public FromTest<Controller> {
 protected:
     Tr369LocalAgentControllerFrom() : FromTest(tr369_local_agent_controller_from_translator, document) {}
-    ~Tr369LocalAgentControllerFrom() override { kelmora_host::on_add_entry = nullptr; }
 
     /// The protocols of the entries that the host was given.
     std::vector<std::uint32_t> protocols()
@@ -344,14 +343,14 @@ TEST_F(Tr369LocalAgentControllerFrom, HandsEachMtpOverUnlinkedWithTheRequestsErr
 {
     kelmora_errorlist errors;
     Protocols handed_over;
-    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) {
+    const kelmora_harness::WatchEntries watch([&](const kelmora_host::AddedEntry &entry) {
         EXPECT_EQ(entry.record, &record());
         EXPECT_EQ(entry.reserved, 0);
         EXPECT_EQ(entry.errors, &errors);
         const auto *mtp = static_cast<const Mtp *>(entry.node);
         EXPECT_EQ(mtp->next, nullptr);
         handed_over.push_back(mtp->protocol);
-    };
+    });
     const std::string text = with_elements({mqtt_json, unknown_json, websocket_json});
     EXPECT_EQ(tr369_local_agent_controller_from_translator(node_.resource(), text.c_str(), &errors), 1);
     EXPECT_EQ(handed_over, (Protocols{1, 7, 0}));
@@ -424,7 +423,8 @@ TEST_F(Tr369LocalAgentControllerFrom, FailsAtALaterElementAfterReportingAnUnknow
     const std::size_t json_before = allocations::json_alive();
     std::vector<std::size_t> alive_at_errors;
     kelmora_errorlist errors;
-    errors.on_add = [&] { alive_at_errors.push_back(allocations::json_alive()); };
+    const kelmora_harness::WatchErrors watch(
+        [&](const kelmora_errorlist & /*errors*/) { alive_at_errors.push_back(allocations::json_alive()); });
     const std::string text = with_elements({unknown_json, R"({"enabled": true})", unknown_json});
     EXPECT_EQ(tr369_local_agent_controller_from_translator(node_.resource(), text.c_str(), &errors), 0);
     EXPECT_EQ(errors.errors, (std::vector<Error>{invalid_protocol, {"mtp", "missing protocol field", "json"}}));

@@ -1,7 +1,7 @@
 #include "tests/support/from_test.h"
 #include "tests/support/to_test.h"
 
-#include "host/gateway/lists.h"
+#include "harness/watch.h"
 #include "host/plugin/translate.h"
 
 #include "kelmora_json.h"
@@ -147,7 +147,6 @@ constexpr char document[] = R"({
 class Tr369MqttClientFrom : public FromTest<Client> {
 protected:
     Tr369MqttClientFrom() : FromTest(tr369_mqtt_client_from_translator, document) {}
-    ~Tr369MqttClientFrom() override { kelmora_host::on_add_entry = nullptr; }
 
     /// What the host was given, in short.
     std::vector<std::string> subscriptions()
@@ -308,14 +307,14 @@ TEST_F(Tr369MqttClientFrom, HandsEachSubscriptionOverUnlinkedWithTheRequestsErro
 {
     kelmora_errorlist errors;
     Texts topics;
-    kelmora_host::on_add_entry = [&](const kelmora_host::AddedEntry &entry) {
+    const kelmora_harness::WatchEntries watch([&](const kelmora_host::AddedEntry &entry) {
         EXPECT_EQ(entry.record, &record());
         EXPECT_EQ(entry.reserved, 0);
         EXPECT_EQ(entry.errors, &errors);
         const auto *subscription = static_cast<const Subscription *>(entry.node);
         EXPECT_EQ(subscription->next, nullptr);
         topics.emplace_back(subscription->topic);
-    };
+    });
     EXPECT_EQ(tr369_mqtt_client_from_translator(node_.resource(), document, &errors), 1);
     EXPECT_EQ(topics, (Texts{"first topic", "second topic"}));
 }

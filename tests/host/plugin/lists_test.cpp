@@ -1,4 +1,6 @@
-#include "host/gateway/lists.h"
+#include "host/plugin/lists.h"
+
+#include "harness/watch.h"
 
 #include "host/gateway/record.h"
 #include "host/plugin/errors.h"
@@ -165,16 +167,15 @@ TEST(Tr369Lists, GrowByCopiesOfWhatTheyAreGiven)
 /// Sees each entry at the moment of its call.
 class AddedEntries : public testing::Test {
 protected:
-    AddedEntries()
+    void look(const AddedEntry &entry)
     {
-        on_add_entry = [this](const AddedEntry &entry) {
-            entries_.push_back(entry);
-            texts_.emplace_back(entry.text);
-            entries_there_.push_back(length(dhcp_.domains) + length(dhcp_.dns_servers) + length(client_.subscription) +
-                                     length(controller_.mtp));
-        };
+        entries_.push_back(entry);
+        texts_.emplace_back(entry.text);
+        entries_there_.push_back(length(dhcp_.domains) + length(dhcp_.dns_servers) + length(client_.subscription) +
+                                 length(controller_.mtp));
     }
-    ~AddedEntries() override { on_add_entry = nullptr; }
+
+    const kelmora_harness::WatchEntries watch_{[this](const AddedEntry &entry) { look(entry); }};
 
     Record dhcp_owner_{kelmora_ipv6_dhcp_server{}};
     Record client_owner_{kelmora_tr369_mqtt_client{}};

@@ -1,6 +1,7 @@
-#include "host/gateway/lists.h"
+#include "host/plugin/lists.h"
 
 #include "host/gateway/tails.h"
+#include "host/plugin/observer.h"
 
 #include "kelmora_host.h"
 #include "kelmora_records.h"
@@ -11,18 +12,16 @@
 // The chains that the plug-in has the host make. Nodes are blocks from calloc, which the record frees. A chain that a
 // new one replaces is freed by FreeLost, as everything that a translator lets go of.
 
-namespace kelmora_host {
-
-std::function<void(const AddedEntry &)> on_add_entry;
-
-} // namespace kelmora_host
-
 namespace {
 
 void announce(const kelmora_host::AddedEntry &entry)
 {
-    if (kelmora_host::on_add_entry)
-        kelmora_host::on_add_entry(entry);
+    kelmora_host::tell_observers([&](kelmora_host::Observer &observer) { observer.adding(entry); });
+}
+
+void announce_allocation(const void *record, std::string_view list, std::uint32_t entries)
+{
+    kelmora_host::tell_observers([&](kelmora_host::Observer &observer) { observer.allocating(record, list, entries); });
 }
 
 /// Gives a record a new chain of cleared nodes, or none when there is no memory for all of them.
@@ -76,12 +75,14 @@ void report_no_room(kelmora_errorlist *errors, const char *list)
 
 void kelmora_wlan_access_control_allocate_list(kelmora_wlan_access_control *record, uint32_t entries)
 {
+    announce_allocation(record, "mac_list", entries);
     allocate_list(record->mac_list, entries);
 }
 
 int kelmora_parental_control_allocate_list(kelmora_parental_control *record, uint32_t entries,
                                            kelmora_errorlist *errors)
 {
+    announce_allocation(record, "parental_control_list", entries);
     if (allocate_list(record->parental_control_list, entries))
         return 1;
     report_no_room(errors, "parental_control_list");
