@@ -46,8 +46,8 @@ struct Requests {
 
 thread_local Requests requests;
 thread_local Amount json_amount;
-std::atomic<std::int64_t> json_blocks_of_process{0};
-std::atomic<std::int64_t> json_bytes_of_process{0};
+std::atomic<std::ptrdiff_t> json_blocks_of_process{0};
+std::atomic<std::ptrdiff_t> json_bytes_of_process{0};
 
 /// Where a thread's blocks are, which tells the ones from jansson apart when they come to free: the library frees what
 /// jansson rendered with free, as jansson's manual has it, so that jansson's own function never hears of it.
@@ -66,8 +66,8 @@ void count_json(std::int64_t blocks, void *block)
 {
     const auto size = static_cast<std::int64_t>(malloc_usable_size(block));
     json_amount += {blocks, blocks * size};
-    json_blocks_of_process.fetch_add(blocks, std::memory_order_relaxed);
-    json_bytes_of_process.fetch_add(blocks * size, std::memory_order_relaxed);
+    json_blocks_of_process.fetch_add(static_cast<std::ptrdiff_t>(blocks), std::memory_order_relaxed);
+    json_bytes_of_process.fetch_add(static_cast<std::ptrdiff_t>(blocks * size), std::memory_order_relaxed);
 }
 
 /// Before the block is freed.

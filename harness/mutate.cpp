@@ -16,7 +16,7 @@ using kelmora_host::Json;
 namespace {
 
 /// Where a value hangs in a document.
-struct Place {
+struct Slot {
     json_t *parent;
     std::string key;   ///< in an object
     std::size_t index; ///< in an array
@@ -25,7 +25,7 @@ struct Place {
 /// What there is of a document to change.
 struct Parts {
     std::vector<json_t *> containers;
-    std::vector<Place> places;
+    std::vector<Slot> slots;
 
     explicit Parts(json_t *root) { collect(root); }
 
@@ -39,37 +39,37 @@ struct Parts {
         json_t *member = nullptr;
         json_object_foreach(value, key, member)
         {
-            places.push_back({value, key, 0});
+            slots.push_back({value, key, 0});
             collect(member);
         }
         json_array_foreach(value, index, member)
         {
-            places.push_back({value, "", index});
+            slots.push_back({value, "", index});
             collect(member);
         }
     }
 };
 
-json_t *at(const Place &place)
+json_t *at(const Slot &slot)
 {
-    return json_is_object(place.parent) ? json_object_get(place.parent, place.key.c_str())
-                                        : json_array_get(place.parent, place.index);
+    return json_is_object(slot.parent) ? json_object_get(slot.parent, slot.key.c_str())
+                                       : json_array_get(slot.parent, slot.index);
 }
 
-void put(const Place &place, json_t *value)
+void put(const Slot &slot, json_t *value)
 {
-    if (json_is_object(place.parent))
-        json_object_set_new(place.parent, place.key.c_str(), value);
+    if (json_is_object(slot.parent))
+        json_object_set_new(slot.parent, slot.key.c_str(), value);
     else
-        json_array_set_new(place.parent, place.index, value);
+        json_array_set_new(slot.parent, slot.index, value);
 }
 
-void take_out(const Place &place)
+void take_out(const Slot &slot)
 {
-    if (json_is_object(place.parent))
-        json_object_del(place.parent, place.key.c_str());
+    if (json_is_object(slot.parent))
+        json_object_del(slot.parent, slot.key.c_str());
     else
-        json_array_remove(place.parent, place.index);
+        json_array_remove(slot.parent, slot.index);
 }
 
 void put_in(json_t *container, Random &random)
@@ -162,18 +162,18 @@ void mutate(json_t *root, Random &random)
 {
     const Parts parts(root);
     json_t *container = parts.containers[below(parts.containers.size(), random)];
-    if (parts.places.empty()) {
+    if (parts.slots.empty()) {
         put_in(container, random);
         return;
     }
-    const Place &place = parts.places[below(parts.places.size(), random)];
+    const Slot &slot = parts.slots[below(parts.slots.size(), random)];
     switch (below(8, random)) {
     case 0:
     case 1:
-        take_out(place);
+        take_out(slot);
         break;
     case 2: // a copy of another
-        put(place, json_deep_copy(at(parts.places[below(parts.places.size(), random)])));
+        put(slot, json_deep_copy(at(parts.slots[below(parts.slots.size(), random)])));
         break;
     case 3:
         put_in(container, random);
@@ -182,10 +182,10 @@ void mutate(json_t *root, Random &random)
         if (json_array_size(container) != 0)
             lengthen(container, random);
         else
-            put(place, random_value(random));
+            put(slot, random_value(random));
         break;
     default:
-        put(place, random_value(random));
+        put(slot, random_value(random));
         break;
     }
 }
@@ -202,17 +202,17 @@ std::string mutated(const std::string &document, Random &random)
 
 std::string broken(std::string text, Random &random)
 {
-    const std::size_t place = below(text.size(), random);
+    const std::size_t slot = below(text.size(), random);
     switch (below(5, random)) {
     case 0:
-        return text.substr(0, place);
+        return text.substr(0, slot);
     case 1:
-        text[place] = random_byte(random);
+        text[slot] = random_byte(random);
         return text;
     case 2:
-        return text.insert(place, 1, random_byte(random));
+        return text.insert(slot, 1, random_byte(random));
     case 3:
-        return text.erase(place, 1);
+        return text.erase(slot, 1);
     default:
         return text + random_byte(random);
     }

@@ -19,14 +19,14 @@ using kelmora_host::Resource;
 
 namespace {
 
-struct Fault : std::runtime_error {
+struct Violation : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
 void require(bool holds, const char *otherwise)
 {
     if (!holds)
-        throw Fault(otherwise);
+        throw Violation(otherwise);
 }
 
 void require_none(const std::vector<std::string> &faults)
@@ -162,7 +162,7 @@ void Worker::call_to(std::size_t subject)
     try {
         require_none(answer.faults);
         check_text(resource, answer);
-    } catch (const Fault &fault) {
+    } catch (const Violation &fault) {
         fault_ = std::string(resource.name) + ", read of " + std::to_string(nodes.size()) + " nodes" +
                  (as_list ? " as a list" : "") + ": " + fault.what() + ": result " + std::to_string(answer.result) +
                  ", text: " + answer.text;
@@ -189,7 +189,7 @@ void Worker::call_from(std::size_t subject)
             ++tally_.leaked[path].calls;
             tally_.leaked[path].memory += answer.leaked;
         }
-    } catch (const Fault &fault) {
+    } catch (const Violation &fault) {
         fault_ = std::string(resource.name) + ", write: " + fault.what() + ": result " + std::to_string(answer.result);
         for (const Error &error : answer.errors)
             fault_ += ", (" + error.field + ", " + error.message + ", " + error.source + ")";

@@ -30,26 +30,24 @@ void Image::add_record(const void *address, const RecordType &type, const Field 
                        std::size_t index)
 {
     const std::size_t begin = bytes_.size();
-    bytes_.append(static_cast<const char *>(address), type.size);
+    bytes_.resize(begin + type.size); // padding and pointers stay zeros
     blocks_.push_back({&type, field, parent, index, begin, type.size});
-    add_pointers(static_cast<const char *>(address), type, blocks_.size() - 1, begin);
+    add_fields(static_cast<const char *>(address), type, blocks_.size() - 1, begin);
 }
 
-void Image::add_pointers(const char *address, const RecordType &type, std::size_t block, std::size_t begin)
+void Image::add_fields(const char *address, const RecordType &type, std::size_t block, std::size_t begin)
 {
     for (const Field &field : type.fields) {
         const char *place = address + field.offset;
         switch (field.kind) {
         case FieldKind::record:
             for (std::size_t i = 0; i < std::max<std::size_t>(field.count, 1); ++i)
-                add_pointers(place + i * field.element_size(), *field.record, block,
-                             begin + field.offset + i * field.element_size());
+                add_fields(place + i * field.element_size(), *field.record, block,
+                           begin + field.offset + i * field.element_size());
             break;
         case FieldKind::next:
-            bytes_.replace(begin + field.offset, field.size, field.size, '\0');
             break;
         case FieldKind::string_pointer:
-            bytes_.replace(begin + field.offset, field.size, field.size, '\0');
             if (const char *string = pointer_in(place)) {
                 const std::size_t size = std::strlen(string) + 1;
                 blocks_.push_back({nullptr, &field, block, 0, bytes_.size(), size});
@@ -57,7 +55,6 @@ void Image::add_pointers(const char *address, const RecordType &type, std::size_
             }
             break;
         case FieldKind::chain: {
-            bytes_.replace(begin + field.offset, field.size, field.size, '\0');
             std::size_t index = 0;
             for (const char *node = pointer_in(place); node != nullptr;
                  node = pointer_in(node + next_of(*field.record).offset))
@@ -65,6 +62,7 @@ void Image::add_pointers(const char *address, const RecordType &type, std::size_
             break;
         }
         default:
+            bytes_.replace(begin + field.offset, field.size, place, field.size);
             break;
         }
     }

@@ -11,7 +11,8 @@
 
 namespace kelmora_host {
 
-/// The bytes of a record and of all that hangs on it, at one moment. Pointers in it are zeros.
+/// The bytes of a record and of all that hangs on it, at one moment. Pointers and padding in it are
+/// zeros.
 class Image {
 public:
     /// A record, a node of a chain, or a string that a pointer leads to.
@@ -45,7 +46,7 @@ public:
 private:
     void add_record(const void *address, const RecordType &type, const Field *field, std::size_t parent,
                     std::size_t index);
-    void add_pointers(const char *address, const RecordType &type, std::size_t block, std::size_t begin);
+    void add_fields(const char *address, const RecordType &type, std::size_t block, std::size_t begin);
 
     std::vector<Block> blocks_;
     std::string bytes_;

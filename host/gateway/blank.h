@@ -9,7 +9,7 @@ namespace kelmora_host {
 /// A new record of the resource's type: all zeros, its chains empty.
 Record blank_record(const Resource &resource);
 
-/// The same with every byte a stale one (0xA5), but for its empty chains and texts.
+/// The same with every byte poison (0xA5), but for its empty chains and texts.
 Record poisoned_record(const Resource &resource);
 
 } // namespace kelmora_host

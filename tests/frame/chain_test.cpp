@@ -55,9 +55,9 @@ protected:
 
 TEST_F(NewNode, IsCleared)
 {
-    void *stale = std::malloc(sizeof(Link));
-    std::memset(stale, 0xA5, sizeof(Link));
-    std::free(stale);
+    void *dirty = std::malloc(sizeof(Link));
+    std::memset(dirty, 0xA5, sizeof(Link));
+    std::free(dirty);
     auto *node = new_node<Link>(in_, "list");
     ASSERT_NE(node, nullptr);
     EXPECT_EQ(node->number, 0);

@@ -571,7 +571,7 @@ TEST_F(DecodeRendered, ReportsThatThereIsNoMemory)
     }
 }
 
-// ---- documents that are kept
+// ---- known leaks
 
 void kept_from_json(Decoder &in, std::uint32_t &record)
 {

@@ -43,7 +43,7 @@ std::string rendered(const json_t *json)
 }
 
 /// A place in a document that takes any value.
-struct Place {
+struct Location {
     std::string path; ///< for messages
     std::string name; ///< the member's; empty for an element and the root
     std::string before, value, after;
@@ -53,15 +53,15 @@ struct Place {
 };
 
 /// All places of a document: its root, each member and the first element of each array, at any depth.
-class Places {
+class Locations {
 public:
-    explicit Places(const std::string &document) : root_(json_loads(document.c_str(), 0, nullptr))
+    explicit Locations(const std::string &document) : root_(json_loads(document.c_str(), 0, nullptr))
     {
-        places_.push_back({"", "", "", rendered(root_.get()), "", 0});
+        locations_.push_back({"", "", "", rendered(root_.get()), "", 0});
         walk(root_.get(), "", 1);
     }
 
-    [[nodiscard]] const std::vector<Place> &all() const { return places_; }
+    [[nodiscard]] const std::vector<Location> &all() const { return locations_; }
 
 private:
     void walk(json_t *json, const std::string &path, std::size_t depth)
@@ -91,13 +91,13 @@ private:
         const std::string document = rendered(root_.get());
         const std::string quoted_marker = std::string("\"") + marker + '"';
         const std::size_t at = document.find(quoted_marker);
-        places_.push_back({path, name, document.substr(0, at), rendered(original),
-                           document.substr(at + quoted_marker.size()), depth});
+        locations_.push_back({path, name, document.substr(0, at), rendered(original),
+                              document.substr(at + quoted_marker.size()), depth});
     }
 
     static constexpr char marker[] = "the place";
     Json root_;
-    std::vector<Place> places_;
+    std::vector<Location> locations_;
 };
 
 /// What is stored can be written, in whatever state the document left it.
@@ -110,7 +110,7 @@ void expect_writable(const Resource &resource, Nodes &nodes)
     EXPECT_TRUE(parses(written.text)) << written.text;
 }
 
-class EveryPlace : public testing::TestWithParam<Resource> {
+class EveryValue : public testing::TestWithParam<Resource> {
 protected:
     /// Reads the document, and writes what it left.
     static Answer read(const std::string &document)
@@ -130,19 +130,19 @@ protected:
             << document.substr(0, 1000);
     }
 
-    const Places places_{example_of(GetParam())};
+    const Locations locations_{example_of(GetParam())};
 };
 
-TEST_P(EveryPlace, TakesEachKindOfValue)
+TEST_P(EveryValue, TakesEachKindOfValue)
 {
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         for (const char *json :
              {"{}", R"({"a": 1})", "[]", "[1]", "\"\"", "\"a\"", "1", "0.5", "true", "false", "null"})
             read(place.with(json));
     }
 }
 
-TEST_P(EveryPlace, TakesIntegersAroundTheEdgesOfEachWidth)
+TEST_P(EveryValue, TakesIntegersAroundTheEdgesOfEachWidth)
 {
     std::vector<std::string> integers = {
         "0", "-1", "9223372036854775806", "9223372036854775807", "-9223372036854775807", "-9223372036854775808"};
@@ -153,7 +153,7 @@ TEST_P(EveryPlace, TakesIntegersAroundTheEdgesOfEachWidth)
             integers.push_back(std::to_string(-number));
         }
     }
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         for (const std::string &integer : integers)
             read(place.with(integer));
         for (const char *too_large : {"9223372036854775808", "-9223372036854775809", "123456789012345678901234567890"})
@@ -161,9 +161,9 @@ TEST_P(EveryPlace, TakesIntegersAroundTheEdgesOfEachWidth)
     }
 }
 
-TEST_P(EveryPlace, TakesRealsOutOfEachRange)
+TEST_P(EveryValue, TakesRealsOutOfEachRange)
 {
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         for (const char *real :
              {"1e308", "-1e308", "4294967296.5", "-2147483649.5", "9223372036854775808.0", "-0.0", "1e-400", "5e-324"})
             read(place.with(real));
@@ -172,9 +172,9 @@ TEST_P(EveryPlace, TakesRealsOutOfEachRange)
     }
 }
 
-TEST_P(EveryPlace, TakesTextsOfAnyLength)
+TEST_P(EveryValue, TakesTextsOfAnyLength)
 {
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         for (const std::size_t length : {0U, 1U, 65536U})
             read(place.with(quoted(length)));
     }
@@ -188,9 +188,9 @@ std::string list_of(const std::string &element, std::size_t count)
     return list + "]";
 }
 
-TEST_P(EveryPlace, TakesListsOfAnyLength)
+TEST_P(EveryValue, TakesListsOfAnyLength)
 {
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         for (const char *element : {"null", "7", "\"a\"", "{}", "[]"}) {
             for (const std::size_t count : {0U, 1U, 2U, 20U})
                 read(place.with(list_of(element, count)));
@@ -199,9 +199,9 @@ TEST_P(EveryPlace, TakesListsOfAnyLength)
     }
 }
 
-TEST_P(EveryPlace, TakesListsOfManyElementsOfItsOwn)
+TEST_P(EveryValue, TakesListsOfManyElementsOfItsOwn)
 {
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         const Json value(json_loads(place.value.c_str(), JSON_DECODE_ANY, nullptr));
         if (json_array_size(value.get()) == 0)
             continue;
@@ -211,11 +211,11 @@ TEST_P(EveryPlace, TakesListsOfManyElementsOfItsOwn)
     }
 }
 
-TEST_P(EveryPlace, LetsTheLastOfSeveralMembersOfOneNameCount)
+TEST_P(EveryValue, LetsTheLastOfSeveralMembersOfOneNameCount)
 {
-    const Answer plain = read(places_.all().front().value);
+    const Answer plain = read(locations_.all().front().value);
     EXPECT_EQ(plain.result, 1);
-    for (const Place &place : places_.all()) {
+    for (const Location &place : locations_.all()) {
         if (place.name.empty())
             continue;
         for (const char *earlier : {"null", "[1]", "\"a\"", "{\"a\": 1}"}) {
@@ -225,10 +225,10 @@ TEST_P(EveryPlace, LetsTheLastOfSeveralMembersOfOneNameCount)
     }
 }
 
-TEST_P(EveryPlace, IgnoresEmptyAndUnknownKeys)
+TEST_P(EveryValue, IgnoresEmptyAndUnknownKeys)
 {
-    const Answer plain = read(places_.all().front().value);
-    for (const Place &place : places_.all()) {
+    const Answer plain = read(locations_.all().front().value);
+    for (const Location &place : locations_.all()) {
         // The body of http_request is stored whole.
         if (place.name.empty() || place.path.starts_with(".body."))
             continue;
@@ -267,11 +267,11 @@ std::string nested_objects(std::size_t depth)
     return text + "{}" + std::string(depth - 1, '}');
 }
 
-TEST_P(EveryPlace, TakesDocumentsAsDeepAsTheParserAllowsOnASmallStack)
+TEST_P(EveryValue, TakesDocumentsAsDeepAsTheParserAllowsOnASmallStack)
 {
     run_on_stack(small_stack, [this] {
         auto nested = nested_arrays;
-        for (const Place &place : places_.all()) {
+        for (const Location &place : locations_.all()) {
             const Answer answer = read(place.with(nested(deepest - place.depth)));
             for (const kelmora_host::Error &error : answer.errors)
                 EXPECT_NE(error.message, "invalid json data") << place.path;
@@ -281,7 +281,7 @@ TEST_P(EveryPlace, TakesDocumentsAsDeepAsTheParserAllowsOnASmallStack)
     });
 }
 
-INSTANTIATE_TEST_SUITE_P(Every, EveryPlace, testing::ValuesIn(read_resources()), test_name);
+INSTANTIATE_TEST_SUITE_P(Every, EveryValue, testing::ValuesIn(read_resources()), test_name);
 
 TEST(DeepestBody, IsRenderedOnASmallStack)
 {
@@ -427,7 +427,7 @@ protected:
                                              "grouping 3;3\n"
                                              "END LC_NUMERIC\n";
         const char *order = *reinterpret_cast<const char *>(&one_) == 1 ? "--little-endian" : "--big-endian";
-        // The other categories are missing on purpose, which makes localedef warn and fail though it writes the files.
+        // The other categories are missing, which makes localedef warn and fail though it writes the files.
         (void)std::system(
             ("cd " + pattern + " && localedef -c --no-archive " + order + " -i ./source ./comma >/dev/null 2>&1")
                 .c_str());

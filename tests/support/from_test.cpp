@@ -17,7 +17,7 @@ using kelmora_host::Error;
 bool FromTestBase::is_poisoned(const void *bytes, std::size_t size)
 {
     const auto *first = static_cast<const unsigned char *>(bytes);
-    return std::all_of(first, first + size, [](unsigned char byte) { return byte == stale; });
+    return std::all_of(first, first + size, [](unsigned char byte) { return byte == poison_byte; });
 }
 
 int FromTestBase::call(const std::string &text, std::vector<Error> &errors)

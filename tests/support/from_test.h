@@ -35,14 +35,14 @@ struct RequiredKey {
 class FromTestBase : public testing::Test {
 protected:
     /// What a field holds that nobody has written: no plausible value.
-    static constexpr unsigned char stale = kelmora_harness::poison;
+    static constexpr unsigned char poison_byte = kelmora_harness::poison;
 
     FromTestBase(kelmora_from_translator from, std::string document, kelmora_host::Record record)
         : document_(std::move(document)), node_("node under test", std::move(record)), from_(from)
     {
     }
 
-    /// Fills the record with stale bytes; its chains and texts are freed, and empty.
+    /// Fills the record with poison; its chains and texts are freed, and empty.
     virtual void poison() = 0;
 
     /// The record's bytes and those of all that hangs on it, without the pointers between them.
@@ -99,7 +99,7 @@ protected:
         EXPECT_FALSE(is_poisoned(&field, sizeof field)) << path << " was not stored";
     }
 
-    /// Whether a field still holds its stale bytes.
+    /// Whether a field still holds its poison.
     template <class Field> [[nodiscard]] static bool untouched(const Field &field)
     {
         return is_poisoned(&field, sizeof field);
@@ -144,7 +144,7 @@ template <class Type> class FromTest : public FromTestBase {
 protected:
     /// document: one that the translator accepts and that has every key it reads.
     FromTest(kelmora_from_translator from, std::string document)
-        : FromTestBase(from, std::move(document), kelmora_harness::filled_record<Type>(stale))
+        : FromTestBase(from, std::move(document), kelmora_harness::filled_record<Type>(poison_byte))
     {
     }
 
@@ -155,7 +155,7 @@ protected:
     void poison() override
     {
         free_what_it_owns();
-        kelmora_harness::fill_bytes(record(), stale);
+        kelmora_harness::fill_bytes(record(), poison_byte);
     }
 
     std::string image() override { return kelmora_harness::image_of(record()); }

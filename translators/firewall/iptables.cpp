@@ -30,8 +30,8 @@ void to_json(Encoder &out, const kelmora_iptables &rule, const NodeId &id)
     out.integer("policy", rule.policy);
 }
 
-/// Reads one end of the traffic. On purpose, an address that is there empties the MAC address, and a MAC address the
-/// interface, unless the document has these as well: each text is ended by one more NUL behind its field.
+/// One end of the traffic. Contract: each string is ended by one more NUL behind its field, so an address that is there
+/// empties the MAC address, and a MAC address the interface, unless the document has these as well.
 void end_from_json(const Decoder &end, char (&ip)[46], char (&mac)[18], char (&interface)[6], std::int32_t &port)
 {
     if (const Decoder text = end.optional("ip")) {

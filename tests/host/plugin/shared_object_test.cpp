@@ -60,7 +60,8 @@ protected:
 
     ElfW(Phdr) & segment(std::string &bytes, std::size_t index) const
     {
-        return *reinterpret_cast<ElfW(Phdr) *>(&bytes[header_.e_phoff + index * sizeof(ElfW(Phdr))]);
+        void *place = &bytes[header_.e_phoff + index * sizeof(ElfW(Phdr))];
+        return *static_cast<ElfW(Phdr) *>(place);
     }
 
     /// The end of the last segment: what comes behind it is not loaded.

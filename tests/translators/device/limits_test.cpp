@@ -244,7 +244,7 @@ TEST_F(LimitsFrom, ClearsANewEntry)
     std::vector<void *> blocks(4096);
     for (void *&block : blocks) {
         block = std::malloc(sizeof(kelmora_limits_wifi_limit));
-        std::memset(block, stale, sizeof(kelmora_limits_wifi_limit));
+        std::memset(block, poison_byte, sizeof(kelmora_limits_wifi_limit));
     }
     for (void *block : blocks)
         std::free(block);

@@ -224,10 +224,10 @@ protected:
         EXPECT_TRUE(untouched(record().destination_port));
     }
 
-    /// The field holds stale bytes behind an empty text.
+    /// The field holds poison behind an empty text.
     template <std::size_t width> static testing::AssertionResult is_cut_to_nothing(const char (&field)[width])
     {
-        const std::string expected = '\0' + std::string(width - 1, static_cast<char>(stale));
+        const std::string expected = '\0' + std::string(width - 1, static_cast<char>(poison_byte));
         return std::string(field, width) == expected ? testing::AssertionSuccess() : testing::AssertionFailure();
     }
 };
@@ -255,7 +255,7 @@ TEST_F(IptablesFrom, WritesNothingBetweenTheFields)
 {
     EXPECT_TRUE(accepts(document));
     for (const std::size_t offset : {86U, 87U, 162U, 163U, 297U, 298U, 299U})
-        EXPECT_EQ(byte_at(offset), stale) << offset;
+        EXPECT_EQ(byte_at(offset), poison_byte) << offset;
 }
 
 TEST_F(IptablesFrom, AsksForTheRequiredKeysInOrder)

@@ -32,7 +32,7 @@ TEST_F(Ipv6IpPortFilterDefaultRuleTo, WritesCodesAsUnsigned)
     EXPECT_EQ(object(), R"({"id": "", "default_incoming_action": 4294967295, "default_outgoing_action": 4294967294})");
 }
 
-// The long text comes first on purpose: where memory fails once, the JSON library may lose a character of the first
+// The long string comes first: where memory fails once, the JSON library may lose a character of the first
 // long text, which must not be a key here.
 constexpr char document[] =
     R"({"id": "an identifier, never read", "default_incoming_action": 11, "default_outgoing_action": 12})";

@@ -165,7 +165,7 @@ TEST_F(Ipv6DhcpServerTo, WritesChainsThatOutgrowTheBuffer)
 }
 
 // The longest text first, and never read: it takes the one character that jansson may lose of a text when an allocation
-// fails, which would else make "addresses_config" missing, and that keeps the document.
+// fails, which would else make "addresses_config" missing, and that leaks the document.
 constexpr char document[] = R"({
     "never read, and longer than any key that is": 0,
     "mode": 1,

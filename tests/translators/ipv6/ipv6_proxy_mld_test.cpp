@@ -48,7 +48,7 @@ TEST_F(Ipv6ProxyMldTo, WritesTheTimesAsUnsignedAndTheCountAsSigned)
 }
 
 // The longest key first, and never read: it takes the one character that jansson may lose of a text when an allocation
-// fails, which would else make a key missing, and that keeps the document.
+// fails, which would else make a key missing, and that leaks the document.
 constexpr char document[] = R"({
     "never read, and longer than any key that is": 0,
     "query_interval": 60, "query_response_interval": 50, "response_interval_of_last_group_member": 5,

@@ -159,7 +159,7 @@ TEST_F(PonSettingsFrom, ChangesTheModeAloneWhenTheGroupsAreEmpty)
     constexpr std::size_t behind_mode = sizeof record().mode;
     const auto *bytes = reinterpret_cast<const unsigned char *>(&record());
     for (std::size_t i = behind_mode; i < sizeof(kelmora_pon_settings); ++i)
-        ASSERT_EQ(bytes[i], stale) << i;
+        ASSERT_EQ(bytes[i], poison_byte) << i;
 }
 
 TEST_F(PonSettingsFrom, TakesAGroupThatIsNoObjectForAnEmptyOne)

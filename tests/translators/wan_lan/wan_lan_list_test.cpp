@@ -40,7 +40,7 @@ TEST_F(WanLanListTo, SkipsUnusedEntries)
 
 TEST_F(WanLanListTo, SkipsEntriesThatAreEnabledWithoutAName)
 {
-    add("", {.lan_list = {{.lan_id = "", .enabled = 1}}}).lan_list[0].lan_id[1] = 'x'; // stale, behind the NUL
+    add("", {.lan_list = {{.lan_id = "", .enabled = 1}}}).lan_list[0].lan_id[1] = 'x'; // left there, behind the NUL
     EXPECT_EQ(object(), R"({"id": "", "lan_list": []})");
 }
 
@@ -111,7 +111,7 @@ class WanLanListFrom : public FromTest<kelmora_wan_lan_list> {
 protected:
     WanLanListFrom() : FromTest(wan_lan_list_from_translator, document) {}
 
-    /// An entry without as much as a stale byte.
+    /// An entry without as much as a byte of poison.
     static testing::AssertionResult is_clear(const Entry &entry)
     {
         const std::string bytes(reinterpret_cast<const char *>(&entry), sizeof entry);
