@@ -61,5 +61,3 @@ kelmora_resource *kelmora_resource_get_next(kelmora_resource *node)
     Node *next = Node::of(node).next();
     return next != nullptr ? next->resource() : nullptr;
 }
-
-void kelmora_set_missing(kelmora_resource *node, int field) { Node::of(node).mark_missing(field); }

@@ -12,6 +12,12 @@ void kelmora_errorlist_add_error(kelmora_errorlist *errors, const char *field, c
     kelmora_host::tell_observers([errors](kelmora_host::Observer &observer) { observer.failed(*errors); });
 }
 
+void kelmora_set_missing(kelmora_resource *node, int field)
+{
+    kelmora_host::Node::of(node).mark_missing(field);
+    kelmora_host::tell_observers([field](kelmora_host::Observer &observer) { observer.marked_missing(field); });
+}
+
 namespace kelmora_host {
 
 namespace {

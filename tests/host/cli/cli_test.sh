@@ -432,9 +432,10 @@ status_is 4
 out_is ""
 err_has "kelmora-host: error: cannot load $work/cut.so: it is cut short: it has 20000 bytes, and its segments take "
 
-# Some shared object that the program can load: the C library, found where the program's own loader finds it.
+# Some shared object that the program can load: its C library, or under an emulator the one of the cross compiler.
 other=$(ldd "$program" 2>/dev/null | awk '$1 == "libc.so.6" { print $3 }')
-try --plugin "${other:-/lib/libc.so.6}" show radio
+[ -n "$other" ] || other=$(ls /usr/mips-linux-gnu/lib/libc.so.6)
+try --plugin "$other" show radio
 status_is 4
 out_is ""
 err_has "libc.so.6 is no libkelmora_json: it does not export kelmora_json_init"

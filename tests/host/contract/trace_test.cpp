@@ -105,16 +105,17 @@ TEST(Trace, KnowsAsWhatAValueWasRead)
                         R"({"max_rtr_adv_interval": 1, "min_rtr_adv_interval": 2, "adv_managed_flag": true,
         "ipv6_prefix_mode_auto": true, "ipv6_prefix": {"prefix": "p", "prefix_size": 64, "adv_valid_lifetime": 7}})");
     for (const Step &step : traced.trace.steps) {
-        if (step.key == "max_rtr_adv_interval")
+        if (step.key == "max_rtr_adv_interval") {
             EXPECT_TRUE(step.uses.contains(Use::integer));
-        else if (step.key == "adv_managed_flag")
+        } else if (step.key == "adv_managed_flag") {
             EXPECT_TRUE(step.uses.empty());
-        else if (step.key == "ipv6_prefix")
+        } else if (step.key == "ipv6_prefix") {
             EXPECT_TRUE(step.uses.contains(Use::object));
-        else if (step.key == "prefix")
+        } else if (step.key == "prefix") {
             EXPECT_TRUE(step.uses.contains(Use::string));
-        else if (step.key == "adv_valid_lifetime")
+        } else if (step.key == "adv_valid_lifetime") {
             EXPECT_TRUE(step.uses.contains(Use::number));
+        }
     }
 }
 
