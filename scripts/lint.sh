@@ -17,17 +17,10 @@ mkdir -p "$work"
 # What tests are compiled with, but for precompiled headers, which are another compiler's. The analyzer takes half a
 # minute for each file of tests, and follows the paths of GoogleTest's macros; it is for the product. Tests also may
 # join strings as they like, compare bytes, and multiply small numbers.
-cat >"$work/compile_flags.txt" <<EOT
--std=c++20
--I$PWD
--I$PWD/include
--DKELMORA_HOST_PRIVATE_POINTERS=2
--DKELMORA_TR069_HOST_BLOCK_SIZE=4
--DFMT_HEADER_ONLY
--DKELMORA_EXAMPLES=""
--DKELMORA_EXAMPLES_DIR=""
--Wno-missing-field-initializers
-EOT
+{
+    printf '%s\n' -std=c++20 "-I$PWD" "-I$PWD/include" -DFMT_HEADER_ONLY -Wno-missing-field-initializers
+    grep -oE -e '-DKELMORA_[A-Z0-9_]+=[^ ]+' build/release/compile_commands.json | sed 's,[\],,g' | sort -u
+} >"$work/compile_flags.txt"
 checks='-clang-analyzer-*,-bugprone-suspicious-include,-bugprone-suspicious-memory-comparison'
 checks=$checks,-bugprone-signed-char-misuse,-bugprone-implicit-widening-of-multiplication-result
 checks=$checks,-performance-inefficient-string-concatenation
@@ -48,7 +41,7 @@ bundle() {
             echo "#undef $namespace"
         done
     } >"$bundle"
-    if sed 's/""/\\"\\"/' "$work/compile_flags.txt" | xargs clang++ -fsyntax-only "$bundle" 2>"$bundle.log"; then
+    if sed 's/"/\\"/g' "$work/compile_flags.txt" | xargs clang++ -fsyntax-only "$bundle" 2>"$bundle.log"; then
         echo "$bundle"
     else # files that get into each other's way
         printf '%s\n' "$@"
@@ -62,7 +55,9 @@ bundle() {
     bundle units_0 $(echo "$tests" | grep '^tests/translators/' | awk 'NR % 2')
     bundle units_1 $(echo "$tests" | grep '^tests/translators/' | awk 'NR % 2 == 0')
     bundle frame $(echo "$tests" | grep '^tests/frame/')
-    bundle others $(echo "$tests" | grep -v -e '^tests/translators/' -e '^tests/frame/')
+    bundle host $(echo "$tests" | grep '^tests/host/')
+    bundle others $(echo "$tests" | grep -v -E '^tests/(translators|frame|host|harness)/')
+    echo "$tests" | grep '^tests/harness/'
     git ls-files 'tests/*_test.cpp' | xargs grep -l '^template <> '
     git ls-files 'tests/support/*.cpp'
     git ls-files 'tests/*.cpp' 'fuzz/*.cpp' | grep -v -e '_test\.cpp$' -e '^tests/\(include\|install\|support\)/'
