@@ -408,7 +408,7 @@ private:
 /// A document that does not get as far as the plug-in's keys.
 Check rejected(const Error &error, std::optional<Position> position, std::string detail)
 {
-    return {CheckResult::rejected, {{error, std::nullopt, position, std::move(detail)}}, {}};
+    return {CheckResult::rejected, {{error, "", position, std::move(detail)}}, {}};
 }
 
 Check check_raw(const Resource &resource, const Registration &translators, const Node &node, const std::string &text)

@@ -32,9 +32,10 @@ struct Finding {
 /// An error of the plug-in's, and where in the document its reason is: of an absent key the object that lacks it.
 struct LocatedError {
     Error error;
-    std::optional<std::string> pointer; ///< a JSON Pointer, the absent key included; nothing when there is no document
-    std::optional<Position> position;   ///< nothing when it is not about a place in the text
-    std::string detail;                 ///< why a text is no document; else empty
+    std::optional<std::string>
+        pointer; ///< a JSON Pointer, the absent key included: "" for the whole; nothing when it is not known
+    std::optional<Position> position; ///< nothing when it is not about a place in the text
+    std::string detail;               ///< why a text is no document; else empty
 
     bool operator==(const LocatedError &) const = default;
 };

@@ -202,7 +202,7 @@ fails_with 1 "$examples/radio-broken.json:7:15: error: invalid json data: '}' ex
 
 try try radio --json "$examples/radio-broken.json"
 status_is 1
-out_has '"result": "rejected", "errors": [{"field": "", "message": "invalid json data", "source": "json", "line": 7, "column": 15, "detail": "'
+out_has '"result": "rejected", "errors": [{"field": "", "message": "invalid json data", "source": "json", "pointer": "", "line": 7, "column": 15, "detail": "'
 out_has "'}' expected near '\\\"extension\\\"'\"}], \"findings\": []}"
 err_is ""
 
@@ -219,7 +219,7 @@ fails_with 1 "$work/nul:14:1: error: NUL byte in the text [rejected]"
 printf '{}\0' >"$work/nul"
 try try radio --json <"$work/nul"
 status_is 1
-out_is '{"file": "<stdin>", "resource": "radio", "result": "rejected", "errors": [{"field": "", "message": "NUL byte in the text", "source": "kelmora-host", "line": 1, "column": 3}], "findings": []}'
+out_is '{"file": "<stdin>", "resource": "radio", "result": "rejected", "errors": [{"field": "", "message": "NUL byte in the text", "source": "kelmora-host", "pointer": "", "line": 1, "column": 3}], "findings": []}'
 err_is ""
 
 # ---- check: nothing lost, something lost, rejected, and the worst of several
@@ -323,7 +323,7 @@ fails_with 1 "$work/block: error: backup_restore takes exactly 8 raw bytes, no J
 
 try try upgrade_by_file --json /dev/null
 status_is 1
-out_is '{"file": "/dev/null", "resource": "upgrade_by_file", "result": "rejected", "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host"}], "findings": []}'
+out_is '{"file": "/dev/null", "resource": "upgrade_by_file", "result": "rejected", "errors": [{"field": "", "message": "upgrade_by_file takes exactly 8 raw bytes, no JSON; there are 0", "source": "kelmora-host", "pointer": ""}], "findings": []}'
 err_is ""
 
 # ---- every resource: its sample can be shown, its example written, and the help says which documents are always
