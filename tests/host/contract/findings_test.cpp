@@ -330,8 +330,8 @@ TEST_F(Findings, RejectATextWithANulByteWithoutAskingThePlugIn)
 {
     const Check check = on_zeros("qos", std::string("{}\0", 3));
     EXPECT_EQ(check.result, CheckResult::rejected);
-    EXPECT_THAT(check.errors, ElementsAre(LocatedError{
-                                  {"", "NUL byte in the text", "kelmora-host"}, std::nullopt, Position{1, 3}, ""}));
+    EXPECT_THAT(check.errors,
+                ElementsAre(LocatedError{{"", "NUL byte in the text", "kelmora-host"}, "", Position{1, 3}, ""}));
 }
 
 TEST_F(Findings, LeaveTheRecordAsItWas)
