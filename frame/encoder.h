@@ -66,7 +66,7 @@ private:
     bool complete_ = true;
 };
 
-/// A JSON array in the making, with the same rules. ArrayDecoder come in the order of the calls.
+/// A JSON array in the making, with the same rules. Elements come in the order of the calls.
 class ArrayEncoder {
 public:
     ArrayEncoder();
