@@ -161,11 +161,21 @@ ToAnswer call_to(kelmora_to_translator to, std::vector<Node> &nodes, const ToReq
     return answer;
 }
 
+namespace {
+
+/// The resource node's bytes, to compare.
+std::string node_bytes(Node &node)
+{
+    return {reinterpret_cast<const char *>(node.resource()), sizeof(kelmora_resource)};
+}
+
+} // namespace
+
 FromAnswer call_from(kelmora_from_translator from, Node &node, const std::string &text, const Leaks &leaks,
                      FailingAllocation memory)
 {
     FromAnswer answer{};
-    const kelmora_resource node_before = *node.resource();
+    const std::string node_before = node_bytes(node);
     const std::size_t fetches_before = node.fetches();
     const Amount json_before = ledger::json();
     const std::size_t library_before = library_blocks();
@@ -210,7 +220,7 @@ FromAnswer call_from(kelmora_from_translator from, Node &node, const std::string
             answer.faults.push_back("not exactly the document is leaked: " + blocks(left.blocks));
     }
 
-    if (std::memcmp(node.resource(), &node_before, sizeof node_before) != 0)
+    if (node_bytes(node) != node_before)
         answer.faults.emplace_back("the node was written into");
     if (!is_untouched(record_guard, guard_size))
         answer.faults.emplace_back("written behind the record");

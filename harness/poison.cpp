@@ -12,7 +12,6 @@
 
 namespace kelmora_harness {
 
-using kelmora_host::ChainRecord;
 using kelmora_host::Owned;
 using kelmora_host::Record;
 using kelmora_host::Resource;
@@ -114,7 +113,7 @@ template <class T> struct TypeOf {
 };
 
 // A node's data is the chain itself.
-template <> struct TypeOf<kelmora_qos_available_dscp> : TypeOf<ChainRecord<kelmora_qos_available_dscp>> {
+template <> struct TypeOf<kelmora_qos_available_dscp> : TypeOf<kelmora_host::ChainRecord<kelmora_qos_available_dscp>> {
 };
 
 const Type &type_of(const Resource &resource)
