@@ -263,7 +263,7 @@ Status run_try(const Arguments &given, std::ostream &out, std::ostream &err)
     const Gateway gateway = sample_gateway();
     const Resource &resource = resource_named(given.resource);
     Node node = select_node(gateway, resource, given.id);
-    const Input input = read_input(given.file);
+    const InputText input = read_input(given.file);
     load_plugin(given);
 
     const CheckedFile tried = try_document(resource, node, input);
@@ -283,7 +283,7 @@ void run_trace(const Arguments &given, std::ostream &out)
     const Gateway gateway = sample_gateway();
     const Resource &resource = resource_named(given.resource);
     const Node node = select_node(gateway, resource, given.id);
-    const Input input = read_input(given.file);
+    const InputText input = read_input(given.file);
     load_plugin(given);
     out << trace_document(resource, node, input, given.json, Style::of(STDOUT_FILENO));
 }

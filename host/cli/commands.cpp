@@ -192,13 +192,13 @@ std::string show_warning(const Resource &resource)
     return warning_line(std::string(resource.name) + " is write-only: there is nothing to show") + "\n";
 }
 
-CheckedFile check_document(const Resource &resource, const Node &node, const Input &input)
+CheckedFile check_document(const Resource &resource, const Node &node, const InputText &input)
 {
     return {input.name, resource.name, check(resource, translators_of(resource), node, input.text), std::nullopt,
             is_raw(resource)};
 }
 
-CheckedFile try_document(const Resource &resource, Node &node, const Input &input)
+CheckedFile try_document(const Resource &resource, Node &node, const InputText &input)
 {
     CheckedFile checked = check_document(resource, node, input);
     if (checked.check.result != CheckResult::rejected) {
@@ -216,7 +216,7 @@ std::string try_note(const Resource &resource)
     return note_line(std::string(resource.name) + " is write-only: there is no record to show") + "\n";
 }
 
-std::string trace_document(const Resource &resource, const Node &node, const Input &input, bool as_json,
+std::string trace_document(const Resource &resource, const Node &node, const InputText &input, bool as_json,
                            const Style &style)
 {
     const std::string name(resource.name);

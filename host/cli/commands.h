@@ -48,18 +48,18 @@ std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_lis
 std::string show_warning(const Resource &resource);
 
 /// What becomes of a document that would be read into the node's record. file: what the document is called.
-CheckedFile check_document(const Resource &resource, const Node &node, const Input &input);
+CheckedFile check_document(const Resource &resource, const Node &node, const InputText &input);
 
 /// The same, and has the plug-in read it into the node's record: of an accepted one with that record as it then is.
 /// Throws Failure (rejected) when the record cannot be shown.
-CheckedFile try_document(const Resource &resource, Node &node, const Input &input);
+CheckedFile try_document(const Resource &resource, Node &node, const InputText &input);
 
 /// The line that says why there is no record to show, where the resource is write-only; else empty.
 std::string try_note(const Resource &resource);
 
 /// Every step of the plug-in's in a document. Throws Failure (rejected) when the text is no document, or the resource's
 /// are not JSON.
-std::string trace_document(const Resource &resource, const Node &node, const Input &input, bool as_json,
+std::string trace_document(const Resource &resource, const Node &node, const InputText &input, bool as_json,
                            const Style &style);
 
 } // namespace kelmora_host

@@ -26,7 +26,7 @@ std::string read_all(std::FILE *stream, const std::string &name)
 
 } // namespace
 
-Input read_input(const std::string &file)
+InputText read_input(const std::string &file)
 {
     if (file == "-" && isatty(STDIN_FILENO) == 1)
         std::fprintf(stderr, "kelmora-host: type the document, and end it with Ctrl-D\n");

@@ -6,14 +6,14 @@
 namespace kelmora_host {
 
 /// A document as the user gave it.
-struct Input {
+struct InputText {
     std::string name; ///< what messages call it: the file as it was named, or "<stdin>"
     std::string text;
 };
 
 /// Reads a file to its end, or the standard input when `file` is "-": when that is a terminal, stderr says that a
 /// document is waited for. Throws Failure (environment) when that fails.
-Input read_input(const std::string &file);
+InputText read_input(const std::string &file);
 
 } // namespace kelmora_host
 

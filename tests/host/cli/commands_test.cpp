@@ -327,7 +327,7 @@ TEST_F(Commands, SayThatAWriteOnlyResourceHasNoRecordToShow)
 TEST_F(Commands, TraceTheStepsOfADocument)
 {
     const Node node("0", Record(kelmora_qos{}));
-    const Input input{"qos.json", R"({"enabled": true, "global_download": 7})"};
+    const InputText input{"qos.json", R"({"enabled": true, "global_download": 7})"};
     EXPECT_EQ(trace_document(resource_named("qos"), node, input, false, Style(false)),
               "PLACE  LOOKED FOR        READ AS  FOUND   STORED\n"
               "1:13   /enabled          boolean  true    enabled = true  (bytes 0..0)\n"

@@ -44,7 +44,7 @@ TEST(ReadInput, ReadsAFileByteForByte)
 {
     const std::string text = "{\r\n\t\"a\0b\": \"\xff\"}\n"s;
     const TemporaryFile file(text);
-    const Input input = read_input(file.path());
+    const InputText input = read_input(file.path());
     EXPECT_EQ(input.text, text);
     EXPECT_EQ(input.name, file.path());
 }
