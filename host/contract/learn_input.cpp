@@ -1043,8 +1043,10 @@ private:
         const Probe probe = prober_.probe(answers, record, true);
         std::vector<int> entries;
         const std::string &bytes = probe.image->bytes();
+        // Of a marked entry remains what no pointer and no padding is, and what no element wrote.
         const auto is_marked = [](std::string_view entry, char mark) {
-            return static_cast<std::size_t>(std::ranges::count(entry, mark)) > entry.size() / 2;
+            const auto marks = std::ranges::count(entry, mark);
+            return marks != 0 && 2 * marks > std::ranges::count_if(entry, [](char byte) { return byte != '\0'; });
         };
         if (list.is_chain) {
             for (const Image::Block &block : probe.image->blocks()) {
@@ -1062,9 +1064,8 @@ private:
             for (std::size_t i = 0; i < list.field->count; ++i) {
                 const std::string_view entry = std::string_view(bytes).substr(
                     list.offset + i * list.field->element_size(), list.field->element_size());
-                const bool old = entry.find_first_not_of('\xA5') == std::string_view::npos;
-                const bool zero = entry.find_first_not_of('\0') == std::string_view::npos;
-                entries.push_back(old ? -1 - static_cast<int>(i) : zero ? 0 : 1);
+                const bool is_zero = entry.find_first_not_of('\0') == std::string_view::npos;
+                entries.push_back(is_zero ? 0 : is_marked(entry, '\xA5') ? -1 - static_cast<int>(i) : 1);
             }
         }
         return entries;
