@@ -539,7 +539,7 @@ private:
         std::ranges::sort(key.types);
         remove_alternatives(key);
         const std::string_view name = std::string_view(key.path).substr(key.path.rfind('/') + 1);
-        std::ranges::stable_partition(key.fields, [name](const KeyField &field) {
+        std::stable_partition(key.fields.begin(), key.fields.end(), [name](const KeyField &field) {
             return field.path == name || field.path.ends_with("." + std::string(name));
         });
         const bool is_list = std::ranges::find(key.types, OutputType::array) != key.types.end();
