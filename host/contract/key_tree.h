@@ -1,0 +1,61 @@
+#ifndef KELMORA_HOST_CONTRACT_KEY_TREE_H
+#define KELMORA_HOST_CONTRACT_KEY_TREE_H
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelmora_host {
+
+/// The reference tokens of a JSON Pointer, unescaped: "/lan_list/*/lan_id" has three, "" has none.
+[[nodiscard]] std::vector<std::string> tokens_of(std::string_view pointer);
+
+/// A contract's keys as they stand in a document: members in their object, the element ("*") in its list.
+template <class Key> struct KeyTree {
+    std::string name;         ///< "*" for the element of a list; of the root empty
+    std::string path;         ///< as in the contract
+    const Key *key = nullptr; ///< of the root NULL, and of an object whose members alone are in the contract
+    std::vector<KeyTree> children;
+
+    /// The child of this name, or NULL.
+    [[nodiscard]] const KeyTree *find(std::string_view child) const
+    {
+        for (const KeyTree &each : children) {
+            if (each.name == child)
+                return &each;
+        }
+        return nullptr;
+    }
+
+    /// The element of a list; NULL when nothing is known of it, or when it is no list.
+    [[nodiscard]] const KeyTree *element() const { return find("*"); }
+
+    /// Whether it has members.
+    [[nodiscard]] bool has_members() const { return !children.empty() && element() == nullptr; }
+};
+
+/// The tree of a contract's keys, which it refers to. The keys of one object stay in their order.
+template <class Key> [[nodiscard]] KeyTree<Key> key_tree(const std::vector<Key> &keys)
+{
+    KeyTree<Key> root;
+    for (const Key &key : keys) {
+        KeyTree<Key> *place = &root;
+        for (const std::string &token : tokens_of(key.path)) {
+            KeyTree<Key> *child = const_cast<KeyTree<Key> *>(place->find(token));
+            if (child == nullptr) {
+                std::string path = place->path;
+                path.append("/").append(token);
+                place->children.push_back({token, std::move(path), nullptr, {}});
+                child = &place->children.back();
+            }
+            place = child;
+        }
+        place->path = key.path;
+        place->key = &key;
+    }
+    return root;
+}
+
+} // namespace kelmora_host
+
+#endif

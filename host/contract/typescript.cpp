@@ -1,0 +1,210 @@
+#include "host/contract/typescript.h"
+
+#include "host/contract/key_tree.h"
+#include "host/contract/wording.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string_view>
+
+namespace kelmora_host {
+
+namespace {
+
+bool is_letter_or_digit(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
+
+/// "tr069_config" as "Tr069Config".
+std::string type_name(std::string_view resource)
+{
+    std::string name;
+    bool begins = true;
+    for (const char c : resource) {
+        if (is_letter_or_digit(c))
+            name += static_cast<char>(begins ? std::toupper(static_cast<unsigned char>(c)) : c);
+        begins = !is_letter_or_digit(c);
+    }
+    return name;
+}
+
+std::string property(const std::string &name)
+{
+    const bool identifier =
+        !name.empty() && std::isdigit(static_cast<unsigned char>(name.front())) == 0 &&
+        std::ranges::all_of(name, [](char c) { return is_letter_or_digit(c) || c == '_' || c == '$'; });
+    return identifier ? name : "\"" + name + "\"";
+}
+
+std::string indentation(std::size_t depth) { return std::string(depth * 2, ' '); }
+
+/// A comment of several sentences; nothing when there are none.
+std::string comment(const std::vector<std::string> &sentences, std::size_t depth)
+{
+    std::string text;
+    for (std::string sentence : sentences) {
+        if (sentence.empty())
+            continue;
+        // What ends a comment cannot stand in one.
+        for (std::size_t end = 0; (end = sentence.find("*/", end)) != std::string::npos;)
+            sentence.insert(end + 1, "\\");
+        if (const unsigned char first = static_cast<unsigned char>(sentence.front()); text.empty())
+            sentence.front() = static_cast<char>(std::toupper(first));
+        text += (text.empty() ? "" : "; ") + sentence;
+    }
+    return text.empty() ? "" : indentation(depth) + "/** " + text + ". */\n";
+}
+
+std::string_view type_of(InputType type)
+{
+    switch (type) {
+    case InputType::boolean:
+        return "boolean";
+    case InputType::integer:
+    case InputType::real:
+    case InputType::number:
+        return "number";
+    case InputType::string:
+        return "string";
+    case InputType::object:
+    case InputType::text:
+        return "object"; // a list is one, too
+    case InputType::array:
+        return "unknown[]";
+    case InputType::any:
+        break;
+    }
+    return "unknown";
+}
+
+std::string_view type_of(OutputType type)
+{
+    switch (type) {
+    case OutputType::boolean:
+        return "boolean";
+    case OutputType::integer:
+    case OutputType::real:
+        return "number";
+    case OutputType::string:
+        return "string";
+    case OutputType::object:
+        return "object";
+    case OutputType::array:
+        break;
+    }
+    return "unknown[]";
+}
+
+std::string plain_type(const InputKey &key) { return std::string(key.refused ? "never" : type_of(key.type)); }
+
+std::string plain_type(const OutputKey &key)
+{
+    std::string types;
+    for (const OutputType type : key.types)
+        types.append(types.empty() ? "" : " | ").append(type_of(type));
+    return types;
+}
+
+/// Whether a key must be there for every document of its type.
+bool must_be_there(const InputKey &key)
+{
+    return key.required && key.required_when.empty() && key.looked_at_when.empty();
+}
+
+bool must_be_there(const OutputKey &key) { return key.always; }
+
+/// Its type with that of its members or elements.
+class Writer {
+public:
+    explicit Writer(const Input *input) : input_(input) {}
+
+    template <class Key> std::string members(const KeyTree<Key> &tree, std::size_t depth) const
+    {
+        std::string text = "{\n";
+        for (const KeyTree<Key> &child : tree.children) {
+            const bool required = child.key != nullptr && must_be_there(*child.key);
+            if (child.key != nullptr)
+                text += comment(sentences(*child.key), depth + 1);
+            text += indentation(depth + 1) + property(child.name) + (required ? ": " : "?: ") + type(child, depth + 1) +
+                    ";\n";
+        }
+        return text + indentation(depth) + "}";
+    }
+
+private:
+    template <class Key> std::string type(const KeyTree<Key> &tree, std::size_t depth) const
+    {
+        if (const KeyTree<Key> *element = tree.element())
+            return "Array<" + type(*element, depth) + ">";
+        return tree.children.empty() && tree.key != nullptr ? plain_type(*tree.key) : members(tree, depth);
+    }
+
+    [[nodiscard]] std::vector<std::string> sentences(const InputKey &key) const
+    {
+        std::vector<std::string> all{std::string(meaning_of(key)), range_of(key)};
+        if (key.type == InputType::real)
+            all.emplace_back("a number with a fraction or an exponent: 2 is read as 0, 2.0 as 2");
+        if (key.refused)
+            all.emplace_back("must not be there");
+        else if (!key.required_when.empty() || key.at_least_one != 0)
+            all.push_back("required: " + required_of(key, *input_));
+        if (!key.looked_at_when.empty())
+            all.push_back("looked at " + looked_at_of(key));
+        all.push_back(effect_of(key));
+        return all;
+    }
+
+    [[nodiscard]] static std::vector<std::string> sentences(const OutputKey &key)
+    {
+        return {std::string(meaning_of(key)), range_of(key), key.always ? "" : presence_of(key)};
+    }
+
+    const Input *input_;
+};
+
+std::string shown(const Output &output, const std::string &type)
+{
+    switch (output.root) {
+    case RootShape::by_list_flag:
+        return type + " | " + type + "[]";
+    case RootShape::array:
+        return type + "[]";
+    case RootShape::object:
+        break;
+    }
+    return type;
+}
+
+} // namespace
+
+std::string typescript(const std::vector<Contract> &contracts)
+{
+    std::string types =
+        "// The documents of libkelmora_json's resources. Made from the plug-in by `kelmora-host types`, not by hand.\n"
+        "//\n"
+        "// Output: a record as it is written. Strings that are not UTF-8 and reals that are not finite leave their "
+        "key\n"
+        "// out, whatever the type says. Input: a document as it is taken; keys beyond those that are named here are\n"
+        "// ignored.\n";
+    std::string resources = "\n/** All resources that have documents, by name. */\nexport interface Resources {\n";
+    for (const Contract &contract : contracts) {
+        const std::string name(contract.resource->name);
+        const std::string type = type_name(name);
+        std::string directions;
+        if (contract.output) {
+            types += "\n/** What `" + name + "` writes of a record. */\nexport interface " + type + "Output " +
+                     Writer(nullptr).members(key_tree(contract.output->keys), 0) + "\n";
+            directions += indentation(2) + "/** One record. */\n" + indentation(2) + "output: " + type + "Output;\n" +
+                          indentation(2) + "/** The whole text. */\n" + indentation(2) +
+                          "text: " + shown(*contract.output, type + "Output") + ";\n";
+        }
+        if (contract.input) {
+            types += "\n/** What `" + name + "` takes. */\nexport interface " + type + "Input " +
+                     Writer(&*contract.input).members(key_tree(contract.input->keys), 0) + "\n";
+            directions += indentation(2) + "input: " + type + "Input;\n";
+        }
+        if (!directions.empty())
+            resources += indentation(1) + property(name) + ": {\n" + directions + indentation(1) + "};\n";
+    }
+    return types + resources + "}\n";
+}
+
+} // namespace kelmora_host

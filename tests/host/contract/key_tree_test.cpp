@@ -1,0 +1,50 @@
+#include "host/contract/key_tree.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kelmora_host {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct TestKey {
+    std::string path;
+};
+
+TEST(TokensOf, AreUnescaped)
+{
+    EXPECT_THAT(tokens_of(""), IsEmpty());
+    EXPECT_THAT(tokens_of("/lan_list/*/lan_id"), ElementsAre("lan_list", "*", "lan_id"));
+    EXPECT_THAT(tokens_of("/a~1b/c~0d/~01"), ElementsAre("a/b", "c~d", "~1"));
+}
+
+TEST(KeyTree, HasMembersInTheirObjectAndTheElementInItsList)
+{
+    const std::vector<TestKey> keys{{"/b"}, {"/list"}, {"/list/*"}, {"/list/*/x"}, {"/a"}, {"/b/c"}};
+    const KeyTree<TestKey> root = key_tree(keys);
+    ASSERT_EQ(root.children.size(), 3U);
+    EXPECT_EQ(root.children[0].name, "b");
+    EXPECT_EQ(root.children[1].name, "list");
+    EXPECT_EQ(root.children[2].name, "a");
+    EXPECT_TRUE(root.has_members());
+    EXPECT_EQ(root.find("b")->find("c")->key, &keys[5]);
+    EXPECT_EQ(root.find("list")->element()->find("x")->path, "/list/*/x");
+    EXPECT_FALSE(root.find("list")->has_members());
+    EXPECT_EQ(root.find("nowhere"), nullptr);
+}
+
+TEST(KeyTree, TakesAnObjectWhoseMembersAloneAreKnown)
+{
+    const std::vector<TestKey> keys{{"/dmz/enabled"}};
+    const KeyTree<TestKey> root = key_tree(keys);
+    EXPECT_EQ(root.find("dmz")->key, nullptr);
+    EXPECT_EQ(root.find("dmz")->path, "/dmz");
+    EXPECT_EQ(root.find("dmz")->find("enabled")->key, &keys[0]);
+}
+
+} // namespace
+
+} // namespace kelmora_host
