@@ -62,6 +62,8 @@ void add_rows(const KeyTree<InputKey> &tree, const Input &input, std::size_t dep
             row.cells[4] = field_cell(key->fields);
             if (!key->looked_at_when.empty())
                 row.remarks.push_back("looked at " + looked_at_of(*key));
+            if (!key->only_with.empty())
+                row.remarks.push_back("stored only with " + others_of(*key));
             if (!key->values.empty())
                 row.remarks.push_back(fmt::format("values that differ in effect: {}", fmt::join(key->values, ", ")));
             if (key->saturates)
@@ -77,11 +79,17 @@ void add_rows(const KeyTree<InputKey> &tree, const Input &input, std::size_t dep
             row.remarks.push_back(effect_of(*key));
             if (key->cleared_when_absent)
                 row.remarks.emplace_back("absent: it is cleared");
+            if (key->marked_when_absent)
+                row.remarks.emplace_back("absent: the host is told");
+            if (!key->also_sets.empty())
+                row.remarks.push_back("it also sets " + fields_of(key->also_sets));
             if (key->absent)
                 row.remarks.push_back("absent: " + error_text(*key->absent, child.name));
             if (key->unfit)
                 row.remarks.push_back((key->refused ? "there: " : "of another type: ") +
                                       error_text(*key->unfit, child.name));
+            if (key->unknown)
+                row.remarks.push_back("of another value, and accepted: " + error_text(*key->unknown, child.name));
             if (key->out_of_size)
                 row.remarks.push_back("out of size: " + error_text(*key->out_of_size, child.name));
         }
@@ -99,6 +107,8 @@ void add_rows(const KeyTree<OutputKey> &tree, std::size_t depth, std::vector<Row
         if (const OutputKey *key = child.key) {
             row.remarks.emplace_back(meaning_of(*key));
             row.cells[1] = types_of(*key);
+            if (!key->like.empty())
+                row.remarks.push_back("its elements are of the same form as those of " + key->like);
             row.cells[2] = range_of(*key);
             row.cells[3] = child.name == "*" ? "" : shortened(presence_of(*key), "written", row.remarks);
             row.cells[4] = field_cell(key->fields);

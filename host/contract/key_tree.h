@@ -56,6 +56,18 @@ template <class Key> [[nodiscard]] KeyTree<Key> key_tree(const std::vector<Key> 
     return root;
 }
 
+/// The key's place in the tree, or NULL when it is not there.
+template <class Key> [[nodiscard]] const KeyTree<Key> *find(const KeyTree<Key> &tree, std::string_view path)
+{
+    const KeyTree<Key> *place = &tree;
+    for (const std::string &token : tokens_of(path)) {
+        place = place->find(token);
+        if (place == nullptr)
+            return nullptr;
+    }
+    return place;
+}
+
 } // namespace kelmora_host
 
 #endif

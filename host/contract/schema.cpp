@@ -119,7 +119,7 @@ Json error_as_json(const Error &error)
     return json;
 }
 
-/// Whether a value is what an absent one is read as.
+/// Whether it is what a field of zeros holds.
 bool is_zero(const std::string &json) { return json == "false" || json == "0" || json == "\"\""; }
 
 /// Documents that are taken.
@@ -149,9 +149,15 @@ private:
 
     // ---- conditions
 
-    static bool has_conditions(const InputKey &key)
+    [[nodiscard]] bool has_conditions(const InputKey &key) const
     {
-        return !key.required_when.empty() || !key.looked_at_when.empty();
+        return !key.required_when.empty() || is_conditional(key);
+    }
+
+    /// Whether other keys or the record decide what its value may be.
+    [[nodiscard]] bool is_conditional(const InputKey &key) const
+    {
+        return !key.looked_at_when.empty() || (lossless_ && !key.only_with.empty());
     }
 
     static bool is_required(const InputKey &key) { return key.required || !key.required_when.empty(); }
@@ -169,6 +175,8 @@ private:
                             depth = std::min(depth, common_depth(own, tokens_of(condition.path)));
                     }
                 }
+                for (const std::string &other : child.key->only_with)
+                    depth = std::min(depth, common_depth(own, tokens_of(other)));
                 conditionals_[pointer_to(own, depth)].push_back({&child, depth});
             }
             anchor(child);
@@ -192,37 +200,24 @@ private:
         return pointer;
     }
 
-    const InputTree *find(const std::vector<std::string> &tokens) const
+    /// What a condition on the record is when the record is zeros.
+    static bool holds_of_zeros(const Condition &condition)
     {
-        const InputTree *tree = &root_;
-        for (const std::string &token : tokens) {
-            tree = tree->find(token);
-            if (tree == nullptr)
-                return nullptr;
-        }
-        return tree;
+        return std::ranges::any_of(condition.values, is_zero) != condition.except;
     }
 
-    static bool reads_absent_as_so(const Condition &condition)
-    {
-        return std::ranges::any_of(condition.values, is_zero);
-    }
-
-    /// What a condition is in an object that has none of the keys behind this path, where the record is zeros; nothing
+    /// What a condition is in an object that has none of the keys behind this path, where the record is zeros; false
     /// when a key elsewhere decides.
-    static std::optional<bool> holds_when_empty(const Condition &condition, const std::string &path)
+    static bool holds_when_empty(const Condition &condition, const std::string &path)
     {
-        if (condition.path.empty())
-            return reads_absent_as_so(condition);
-        if (!condition.path.starts_with(path + "/"))
-            return std::nullopt;
-        return reads_absent_as_so(condition);
+        if (!condition.path.empty() && !condition.path.starts_with(path + "/"))
+            return false;
+        return condition.field.empty() ? condition.except : holds_of_zeros(condition);
     }
 
     static bool any_holds_when_empty(const std::vector<Condition> &conditions, const std::string &path)
     {
-        return std::ranges::any_of(conditions,
-                                   [&](const Condition &each) { return holds_when_empty(each, path).value_or(false); });
+        return std::ranges::any_of(conditions, [&](const Condition &each) { return holds_when_empty(each, path); });
     }
 
     /// Whether an object without members is accepted at this place, and so any value that is no object.
@@ -277,37 +272,50 @@ private:
         return values;
     }
 
-    /// A condition, seen from the object that has the deciding key behind the tokens from `depth` on.
+    /// What an object is that has a key, behind the tokens from `depth` on, whose value is as this says.
+    static Json has(const std::vector<std::string> &tokens, std::size_t depth, Json value)
+    {
+        for (std::size_t i = tokens.size(); i-- > depth;) {
+            Json outer = type("object");
+            set(outer, "required", list_of(text(tokens[i])));
+            if (!is_empty(value))
+                set(outer, "properties", with(tokens[i], std::move(value)));
+            value = std::move(outer);
+        }
+        return value;
+    }
+
+    /// A condition, seen from the object that has the key behind the tokens from `depth` on. True or false when it is
+    /// always or never so.
     Json condition_schema(const Condition &condition, std::size_t depth) const
     {
         const std::vector<std::string> tokens = tokens_of(condition.path);
-        const bool must_be_there = !reads_absent_as_so(condition);
-        Json schema = condition.values.empty() ? object() : read_as(find(tokens), condition.values);
-        for (std::size_t i = tokens.size(); i-- > depth;) {
-            Json outer = with("properties", with(tokens[i], std::move(schema)));
-            if (must_be_there) {
-                set(outer, "type", text("object"));
-                set(outer, "required", list_of(text(tokens[i])));
-            }
-            schema = std::move(outer);
+        if (!condition.field.empty()) {
+            if (tokens.empty() || !holds_of_zeros(condition))
+                return boolean(holds_of_zeros(condition));
+            return with("not", has(tokens, depth, object()));
         }
-        return schema;
+        if (condition.except && condition.values.empty())
+            return boolean(true);
+        Json is_so = has(tokens, depth,
+                         condition.values.empty() ? object() : read_as(find(root_, condition.path), condition.values));
+        return condition.except ? with("not", std::move(is_so)) : std::move(is_so);
     }
 
-    /// When one of the conditions holds; nothing when that is always so. A record of zeros decides nothing beyond what
-    /// an absent key is read as.
+    /// When one of the conditions holds; nothing when that is always so.
     std::optional<Json> one_of_conditions(const std::vector<Condition> &conditions, std::size_t depth) const
     {
+        if (conditions.empty())
+            return std::nullopt;
         std::vector<Json> schemas;
         for (const Condition &condition : conditions) {
-            if (!condition.path.empty())
-                schemas.push_back(condition_schema(condition, depth));
+            Json schema = condition_schema(condition, depth);
+            if (json_is_true(schema.get()))
+                return std::nullopt;
+            if (!json_is_false(schema.get()))
+                schemas.push_back(std::move(schema));
         }
-        if (!schemas.empty())
-            return any_of(std::move(schemas));
-        if (conditions.empty() || std::ranges::any_of(conditions, reads_absent_as_so))
-            return std::nullopt;
-        return boolean(false);
+        return schemas.empty() ? boolean(false) : any_of(std::move(schemas));
     }
 
     // ---- values
@@ -423,7 +431,7 @@ private:
         std::map<int, std::vector<Json>> at_least_one;
         for (const InputTree &child : tree.children) {
             const InputKey *key = child.key;
-            if (key == nullptr || key->looked_at_when.empty()) {
+            if (key == nullptr || !is_conditional(*key)) {
                 Json value = value_schema(child);
                 if (!is_empty(value))
                     set(properties, child.name, std::move(value));
@@ -448,36 +456,52 @@ private:
         return schema;
     }
 
+    /// The conditions that all hold; nothing when there is none.
+    static std::optional<Json> all_of(std::vector<std::optional<Json>> conditions)
+    {
+        std::vector<Json> there;
+        for (std::optional<Json> &condition : conditions) {
+            if (!condition)
+                continue;
+            if (json_is_false(condition->get()))
+                return boolean(false);
+            there.push_back(std::move(*condition));
+        }
+        if (there.empty())
+            return std::nullopt;
+        if (there.size() == 1)
+            return std::move(there.front());
+        Json all = object();
+        for (Json &condition : there)
+            add_to(all, "allOf", std::move(condition));
+        return all;
+    }
+
     /// What holds of a key that other keys decide about, as clauses of the object that has them all.
     void add_conditional(const Json &schema, const Conditional &conditional)
     {
         const InputKey &key = *conditional.key->key;
-        const auto is_required_in = [&](Json parent) {
-            set(parent, "type", text("object"));
-            set(parent, "required", list_of(text(conditional.key->name)));
-            return parent;
-        };
-        Json then = object();
-        if (!key.looked_at_when.empty()) {
+        const auto looked_at = [&] { return one_of_conditions(key.looked_at_when, conditional.depth); };
+        if (is_conditional(key)) {
+            std::vector<std::optional<Json>> conditions;
+            conditions.push_back(looked_at());
+            if (lossless_) {
+                for (const std::string &other : key.only_with)
+                    conditions.emplace_back(has(tokens_of(other), conditional.depth, object()));
+            }
             Json value = value_schema(*conditional.key);
             if (!is_empty(value))
-                then = with("properties", with(conditional.key->name, std::move(value)));
+                add_clause(schema, conditional, all_of(std::move(conditions)),
+                           with("properties", with(conditional.key->name, std::move(value))));
         }
-        if (key.required && key.required_when.empty())
-            then = is_required_in(std::move(then));
-        if (!is_empty(then))
-            add_clause(schema, conditional, one_of_conditions(key.looked_at_when, conditional.depth), std::move(then));
-        if (key.required_when.empty())
-            return;
-        std::optional<Json> when = one_of_conditions(key.required_when, conditional.depth);
-        if (std::optional<Json> looked = one_of_conditions(key.looked_at_when, conditional.depth)) {
-            Json both = object();
-            add_to(both, "allOf", std::move(*looked));
-            if (when)
-                add_to(both, "allOf", std::move(*when));
-            when = std::move(both);
+        if (is_required(key)) {
+            std::vector<std::optional<Json>> conditions;
+            conditions.push_back(looked_at());
+            conditions.push_back(one_of_conditions(key.required_when, conditional.depth));
+            Json then = type("object");
+            set(then, "required", list_of(text(conditional.key->name)));
+            add_clause(schema, conditional, all_of(std::move(conditions)), std::move(then));
         }
-        add_clause(schema, conditional, std::move(when), is_required_in(object()));
     }
 
     void add_clause(const Json &schema, const Conditional &conditional, std::optional<Json> condition, Json then) const
@@ -528,6 +552,15 @@ bool may_be_left_out(const OutputKey &key)
     });
 }
 
+/// The form of a list's elements, for the lists within it that have the same.
+std::string form_of(std::string_view list)
+{
+    std::string name = "element";
+    for (const std::string &token : tokens_of(list))
+        name.append(token == "*" ? "" : "_" + token);
+    return name;
+}
+
 Json output_value(const OutputTree &tree);
 
 Json output_members(const OutputTree &tree)
@@ -554,6 +587,9 @@ Json output_value(const OutputTree &tree)
     if (element != nullptr) {
         set(schema, "type", text("array"));
         set(schema, "items", output_value(*element));
+    } else if (tree.key != nullptr && !tree.key->like.empty()) {
+        set(schema, "type", text("array"));
+        set(schema, "items", with("$ref", text("#/$defs/" + form_of(tree.key->like))));
     } else if (!tree.children.empty()) {
         schema = output_members(tree);
     }
@@ -615,7 +651,12 @@ Json output_schema(const Output &output)
         break;
     }
     }
-    set(schema, "$defs", with("record", output_members(tree)));
+    Json defs = with("record", output_members(tree));
+    for (const OutputKey &key : output.keys) {
+        if (!key.like.empty())
+            set(defs, form_of(key.like), output_value(*find(tree, key.like)->element()));
+    }
+    set(schema, "$defs", std::move(defs));
     return schema;
 }
 

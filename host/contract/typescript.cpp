@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <fmt/format.h>
 #include <string_view>
+#include <type_traits>
 
 namespace kelmora_host {
 
@@ -31,26 +33,27 @@ std::string property(const std::string &name)
     const bool identifier =
         !name.empty() && std::isdigit(static_cast<unsigned char>(name.front())) == 0 &&
         std::ranges::all_of(name, [](char c) { return is_letter_or_digit(c) || c == '_' || c == '$'; });
-    return identifier ? name : "\"" + name + "\"";
+    return identifier ? name : fmt::format("\"{}\"", name);
 }
 
 std::string indentation(std::size_t depth) { return std::string(depth * 2, ' '); }
 
-/// A comment of several sentences; nothing when there are none.
-std::string comment(const std::vector<std::string> &sentences, std::size_t depth)
+/// A comment of several phrases; nothing when there are none.
+std::string comment(const std::vector<std::string> &phrases, std::size_t depth)
 {
     std::string text;
-    for (std::string sentence : sentences) {
-        if (sentence.empty())
-            continue;
-        // What ends a comment cannot stand in one.
-        for (std::size_t end = 0; (end = sentence.find("*/", end)) != std::string::npos;)
-            sentence.insert(end + 1, "\\");
-        if (const unsigned char first = static_cast<unsigned char>(sentence.front()); text.empty())
-            sentence.front() = static_cast<char>(std::toupper(first));
-        text += (text.empty() ? "" : "; ") + sentence;
+    for (const std::string &phrase : phrases) {
+        text += text.empty() || phrase.empty() ? "" : "; ";
+        for (const char c : phrase) {
+            if (c == '/' && text.ends_with('*'))
+                text += '\\'; // else it would end the comment
+            text += c;
+        }
     }
-    return text.empty() ? "" : indentation(depth) + "/** " + text + ". */\n";
+    if (text.empty())
+        return "";
+    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+    return fmt::format("{}/** {}. */\n", indentation(depth), text);
 }
 
 std::string_view type_of(InputType type)
@@ -114,7 +117,21 @@ bool must_be_there(const OutputKey &key) { return key.always; }
 /// Its type with that of its members or elements.
 class Writer {
 public:
-    explicit Writer(const Input *input) : input_(input) {}
+    /// prefix: of the names of types that it makes itself.
+    Writer(const Input *input, std::string prefix) : input_(input), prefix_(std::move(prefix)) {}
+
+    /// The types of the elements that lists within them have as well, which need a name.
+    [[nodiscard]] std::string shared_types(const Output &output) const
+    {
+        std::string types;
+        const KeyTree<OutputKey> tree = key_tree(output.keys);
+        for (const OutputKey &key : output.keys) {
+            if (!key.like.empty())
+                types += "\nexport interface " + shared_name(key.like) + " " +
+                         members(*find(tree, key.like)->element(), 0) + "\n";
+        }
+        return types;
+    }
 
     template <class Key> std::string members(const KeyTree<Key> &tree, std::size_t depth) const
     {
@@ -133,7 +150,11 @@ private:
     template <class Key> std::string type(const KeyTree<Key> &tree, std::size_t depth) const
     {
         if (const KeyTree<Key> *element = tree.element())
-            return "Array<" + type(*element, depth) + ">";
+            return fmt::format("Array<{}>", type(*element, depth));
+        if constexpr (std::is_same_v<Key, OutputKey>) {
+            if (tree.key != nullptr && !tree.key->like.empty())
+                return shared_name(tree.key->like) + "[]";
+        }
         return tree.children.empty() && tree.key != nullptr ? plain_type(*tree.key) : members(tree, depth);
     }
 
@@ -146,6 +167,8 @@ private:
             all.emplace_back("must not be there");
         else if (!key.required_when.empty() || key.at_least_one != 0)
             all.push_back("required: " + required_of(key, *input_));
+        if (!key.only_with.empty())
+            all.push_back("stored only with " + others_of(key));
         if (!key.looked_at_when.empty())
             all.push_back("looked at " + looked_at_of(key));
         all.push_back(effect_of(key));
@@ -157,14 +180,18 @@ private:
         return {std::string(meaning_of(key)), range_of(key), key.always ? "" : presence_of(key)};
     }
 
+    /// Of the elements of a list: "EasymeshOutputNeighbors".
+    [[nodiscard]] std::string shared_name(std::string_view list) const { return prefix_ + type_name(list); }
+
     const Input *input_;
+    std::string prefix_;
 };
 
 std::string shown(const Output &output, const std::string &type)
 {
     switch (output.root) {
     case RootShape::by_list_flag:
-        return type + " | " + type + "[]";
+        return fmt::format("{} | {}[]", type, type);
     case RootShape::array:
         return type + "[]";
     case RootShape::object:
@@ -190,15 +217,16 @@ std::string typescript(const std::vector<Contract> &contracts)
         const std::string type = type_name(name);
         std::string directions;
         if (contract.output) {
+            const Writer writer(nullptr, type + "Output");
             types += "\n/** What `" + name + "` writes of a record. */\nexport interface " + type + "Output " +
-                     Writer(nullptr).members(key_tree(contract.output->keys), 0) + "\n";
+                     writer.members(key_tree(contract.output->keys), 0) + "\n" + writer.shared_types(*contract.output);
             directions += indentation(2) + "/** One record. */\n" + indentation(2) + "output: " + type + "Output;\n" +
                           indentation(2) + "/** The whole text. */\n" + indentation(2) +
                           "text: " + shown(*contract.output, type + "Output") + ";\n";
         }
         if (contract.input) {
             types += "\n/** What `" + name + "` takes. */\nexport interface " + type + "Input " +
-                     Writer(&*contract.input).members(key_tree(contract.input->keys), 0) + "\n";
+                     Writer(&*contract.input, type + "Input").members(key_tree(contract.input->keys), 0) + "\n";
             directions += indentation(2) + "input: " + type + "Input;\n";
         }
         if (!directions.empty())

@@ -42,9 +42,12 @@ std::string_view last_token(std::string_view path) { return path.substr(path.rfi
 
 std::string condition(const Condition &condition)
 {
-    const std::string name(condition.path.empty() ? "the stored " + condition.field
-                                                  : std::string(last_token(condition.path)));
-    return condition.values.empty() ? name + " is there" : name + " is " + alternatives(condition.values);
+    std::string name(last_token(condition.path));
+    if (!condition.field.empty())
+        name = (name.empty() ? "" : name + " is absent and ") + "the stored " + condition.field;
+    if (condition.values.empty())
+        return name + " is there";
+    return name + (condition.except ? " is not " : " is ") + alternatives(condition.values);
 }
 
 std::string conditions(const std::vector<Condition> &all)
@@ -147,6 +150,14 @@ std::string required_of(const InputKey &key, const Input &input)
 std::string looked_at_of(const InputKey &key)
 {
     return key.looked_at_when.empty() ? "" : conditions(key.looked_at_when);
+}
+
+std::string others_of(const InputKey &key)
+{
+    std::vector<std::string> names;
+    for (const std::string &path : key.only_with)
+        names.emplace_back(last_token(path));
+    return fmt::format("{}", fmt::join(names, " and "));
 }
 
 std::string presence_of(const OutputKey &key)

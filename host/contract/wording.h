@@ -26,6 +26,9 @@ namespace kelmora_host {
 /// "when mesh_session is false"; empty where the key is always looked at.
 [[nodiscard]] std::string looked_at_of(const InputKey &key);
 
+/// The keys without which it is not stored, "enabled and ip4".
+[[nodiscard]] std::string others_of(const InputKey &key);
+
 /// "always", "sometimes", "when type is 1 or 2".
 [[nodiscard]] std::string presence_of(const OutputKey &key);
 

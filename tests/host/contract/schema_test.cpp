@@ -172,24 +172,25 @@ TEST(AcceptSchema, RequiresAKeyWhenTheLowBitsOfAnotherSaySo)
     EXPECT_EQ(bare_text(contract, Direction::accept), as_text(R"({
         "required": ["protocol"],
         "allOf": [
-            {"if": {"properties": {"protocol": {"enum": [1, -255, 257]}}, "type": "object", "required": ["protocol"]},
+            {"if": {"type": "object", "required": ["protocol"], "properties": {"protocol": {"enum": [1, -255, 257]}}},
              "then": {"properties": {"config": {"required": ["reference"], "type": "object"}}}},
             {"if": {"allOf": [
-                {"properties": {"protocol": {"enum": [1, -255, 257]}}, "type": "object", "required": ["protocol"]},
-                {"properties": {"protocol": {"enum": [1, -255, 257]}}, "type": "object", "required": ["protocol"]}]},
+                {"type": "object", "required": ["protocol"], "properties": {"protocol": {"enum": [1, -255, 257]}}},
+                {"type": "object", "required": ["protocol"], "properties": {"protocol": {"enum": [1, -255, 257]}}}]},
              "then": {"type": "object", "required": ["config"]}}],
         "type": "object"})"));
 }
 
-TEST(AcceptSchema, ReadsEverythingButTrueAsFalse)
+TEST(AcceptSchema, RequiresAKeyWithoutTrueInAnother)
 {
     InputKey server = key("/ntp/server", InputType::string);
-    server.required_when = {{"/ntp/automatic", "", {"false"}}};
+    server.required_when = {{"/ntp/automatic", "", {"true"}, true}};
     const Contract contract =
         taking({key("/ntp", InputType::object), key("/ntp/automatic", InputType::boolean), server});
     EXPECT_EQ(bare_text(contract, Direction::accept), as_text(R"({
         "properties": {"ntp": {
-            "allOf": [{"if": {"properties": {"automatic": {"not": {"const": true}}}},
+            "allOf": [{"if": {"not": {"type": "object", "required": ["automatic"],
+                                         "properties": {"automatic": {"enum": [true]}}}},
                        "then": {"type": "object", "required": ["server"]}}],
             "type": "object"}},
         "type": ["object", "array"]})"));
@@ -204,8 +205,8 @@ TEST(AcceptSchema, ReadsWhatIsNoIntegerAsZero)
     EXPECT_EQ(bare_text(contract, Direction::accept), as_text(R"({
         "properties": {"mtp": {"items": {
             "required": ["protocol"],
-            "allOf": [{"if": {"properties": {"protocol": {"anyOf": [{"not": {"type": "integer"}},
-                                                                     {"multipleOf": 4294967296}]}}},
+            "allOf": [{"if": {"type": "object", "required": ["protocol"], "properties": {
+                           "protocol": {"anyOf": [{"not": {"type": "integer"}}, {"multipleOf": 4294967296}]}}},
                        "then": {"type": "object", "required": ["host"]}}],
             "type": "object"}}},
         "type": ["object", "array"]})"));
@@ -214,15 +215,21 @@ TEST(AcceptSchema, ReadsWhatIsNoIntegerAsZero)
 TEST(AcceptSchema, IsThatOfARecordOfZeros)
 {
     InputKey start = key("/start", InputType::string);
-    start.required_when = {{"/range", "", {"true"}}, {"", "range", {"1"}}};
+    start.required_when = {{"/range", "", {"true"}}, {"/range", "range", {"1"}}};
+    InputKey otherwise = key("/otherwise", InputType::string);
+    otherwise.required_when = {{"/range", "range", {"0"}}};
     InputKey never = key("/never", InputType::string);
     never.required_when = {{"", "mode", {"2"}}};
     InputKey always = key("/always", InputType::string);
     always.required_when = {{"", "mode", {"0"}}};
     EXPECT_EQ(bare_text(taking({key("/range", InputType::boolean), start}), Direction::accept), as_text(R"({
-        "allOf": [{"if": {"properties": {"range": {"enum": [true]}}, "type": "object", "required": ["range"]},
+        "allOf": [{"if": {"type": "object", "required": ["range"], "properties": {"range": {"enum": [true]}}},
                    "then": {"type": "object", "required": ["start"]}}],
         "type": ["object", "array"]})"));
+    EXPECT_EQ(bare_text(taking({key("/range", InputType::boolean), otherwise}), Direction::accept), as_text(R"({
+        "allOf": [{"if": {"not": {"type": "object", "required": ["range"]}},
+                   "then": {"type": "object", "required": ["otherwise"]}}],
+        "type": "object"})"));
     EXPECT_EQ(bare_text(taking({never}), Direction::accept), as_text(R"({"type": ["object", "array"]})"));
     EXPECT_EQ(bare_text(taking({always}), Direction::accept), as_text(R"({
         "allOf": [{"type": "object", "required": ["always"]}], "type": "object"})"));
@@ -240,6 +247,21 @@ TEST(InputSchema, HasTypesAndRanges)
             "name": {"type": "string", "maxLength": 31, "x-kelmora-max-bytes": 31},
             "body": {"type": ["object", "array"]}},
         "type": "object"})"));
+}
+
+TEST(InputSchema, LeavesAKeyToBeAnythingWithoutTheOneThatItIsStoredWith)
+{
+    InputKey ip4 = string("/dmz/ip4", 15);
+    ip4.only_with = {"/dmz/enabled"};
+    const Contract contract = taking({key("/dmz", InputType::object), key("/dmz/enabled", InputType::any), ip4});
+    EXPECT_EQ(bare_text(contract, Direction::input), as_text(R"({
+        "properties": {"dmz": {
+            "allOf": [{"if": {"type": "object", "required": ["enabled"]},
+                       "then": {"properties": {"ip4": {"type": "string", "maxLength": 15,
+                                                       "x-kelmora-max-bytes": 15}}}}],
+            "type": "object"}},
+        "type": "object"})"));
+    EXPECT_EQ(bare_text(contract, Direction::accept), as_text(R"({"type": ["object", "array"]})"));
 }
 
 TEST(InputSchema, LeavesNoElementUnlookedAt)
@@ -320,6 +342,21 @@ TEST(OutputSchema, HasTheRootsThatThereCanBe)
     output.empty_without_count = true;
     EXPECT_EQ(shapes(), R"([{"$ref": "#/$defs/record"}, {"type": "object", "maxProperties": 0}, )"
                         R"({"type": "array", "maxItems": 0}])");
+}
+
+TEST(OutputSchema, GoesRoundWhereAListWithinAListIsOfTheSameForm)
+{
+    OutputKey inner = out("/n/*/n", OutputType::array);
+    inner.like = "/n";
+    Output output{};
+    output.root = RootShape::array;
+    output.keys = {out("/n", OutputType::array), out("/n/*", OutputType::object), inner};
+    const Json json = bare({&both_ways, std::nullopt, output}, Direction::output);
+    json_t *form = json_object_get(json_object_get(json.get(), "$defs"), "element_n");
+    ASSERT_NE(form, nullptr);
+    EXPECT_EQ(to_text(Json(json_incref(form))), as_text(R"({
+        "type": "object", "properties": {"n": {"type": "array", "items": {"$ref": "#/$defs/element_n"}}},
+        "required": ["n"], "additionalProperties": false})"));
 }
 
 TEST(OutputSchema, TakesEachOfSeveralTypes)
