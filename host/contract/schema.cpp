@@ -10,6 +10,7 @@
 #include <map>
 #include <memory>
 #include <new>
+#include <set>
 #include <stdexcept>
 
 namespace kelmora_host {
@@ -135,6 +136,12 @@ public:
             set(root, "type", text("object"));
         else
             set(root, "type", list_of(text("object"), text("array")));
+        if (!deciding_.empty()) {
+            Json keys = array();
+            for (const std::string &key : deciding_)
+                append(keys, text(key));
+            set(root, "x-kelmora-record-of-zeros", std::move(keys));
+        }
         if (json_object_size(defs_.get()) != 0)
             set(root, "$defs", std::move(defs_));
         return root;
@@ -171,6 +178,8 @@ private:
                 std::size_t depth = own.size() - 1;
                 for (const auto *conditions : {&child.key->required_when, &child.key->looked_at_when}) {
                     for (const Condition &condition : *conditions) {
+                        if (!condition.field.empty())
+                            deciding_.insert(condition.path);
                         if (!condition.path.empty())
                             depth = std::min(depth, common_depth(own, tokens_of(condition.path)));
                     }
@@ -340,6 +349,8 @@ private:
         const bool limited = key->too_long == Excess::rejected || (lossless_ && key->too_long != Excess::none);
         if (key->longest && limited)
             set_length(schema, *key->longest);
+        if (lossless_ && key->empty_is_skipped)
+            set(schema, "minLength", integer(1));
         if (lossless_)
             describe(schema, *key);
         return schema;
@@ -522,6 +533,7 @@ private:
     InputTree root_;
     bool lossless_;
     std::map<std::string, std::vector<Conditional>> conditionals_; ///< by the path of the object that has all
+    std::set<std::string> deciding_; ///< keys without which the record decides; empty for where it does in any case
     Json defs_ = object();
 };
 

@@ -27,8 +27,8 @@ enum class Direction {
 /// What no schema can tell: 2.0 from 2, of which the plug-in takes the first for no integer; the bytes of a string
 /// beyond ASCII ("x-kelmora-max-bytes" has their number); an integer beyond the field's width whose low bits are a
 /// value that decides about another key, but for the nearest such integers; texts that the JSON library does not
-/// parse. Where the record decides about a key that the document leaves out, the schema is that of a record of zeros.
-/// There must be documents in this direction.
+/// parse. Where the record decides about a key that the document leaves out, the schema is that of a record of zeros,
+/// and "x-kelmora-record-of-zeros" lists those keys. There must be documents in this direction.
 [[nodiscard]] std::string schema(const Contract &contract, Direction direction);
 
 } // namespace kelmora_host

@@ -225,14 +225,16 @@ TEST(AcceptSchema, IsThatOfARecordOfZeros)
     EXPECT_EQ(bare_text(taking({key("/range", InputType::boolean), start}), Direction::accept), as_text(R"({
         "allOf": [{"if": {"type": "object", "required": ["range"], "properties": {"range": {"enum": [true]}}},
                    "then": {"type": "object", "required": ["start"]}}],
-        "type": ["object", "array"]})"));
+        "type": ["object", "array"], "x-kelmora-record-of-zeros": ["/range"]})"));
     EXPECT_EQ(bare_text(taking({key("/range", InputType::boolean), otherwise}), Direction::accept), as_text(R"({
         "allOf": [{"if": {"not": {"type": "object", "required": ["range"]}},
                    "then": {"type": "object", "required": ["otherwise"]}}],
-        "type": "object"})"));
-    EXPECT_EQ(bare_text(taking({never}), Direction::accept), as_text(R"({"type": ["object", "array"]})"));
+        "type": "object", "x-kelmora-record-of-zeros": ["/range"]})"));
+    EXPECT_EQ(bare_text(taking({never}), Direction::accept),
+              as_text(R"({"type": ["object", "array"], "x-kelmora-record-of-zeros": [""]})"));
     EXPECT_EQ(bare_text(taking({always}), Direction::accept), as_text(R"({
-        "allOf": [{"type": "object", "required": ["always"]}], "type": "object"})"));
+        "allOf": [{"type": "object", "required": ["always"]}], "type": "object",
+        "x-kelmora-record-of-zeros": [""]})"));
 }
 
 TEST(InputSchema, HasTypesAndRanges)
@@ -271,6 +273,16 @@ TEST(InputSchema, LeavesNoElementUnlookedAt)
     list.too_many = Excess::ignored;
     EXPECT_EQ(bare_text(taking({list, key("/lan_list/*", InputType::boolean)}), Direction::input), as_text(R"({
         "properties": {"lan_list": {"maxItems": 4, "items": {"type": "boolean"}, "type": "array"}},
+        "type": "object"})"));
+}
+
+TEST(InputSchema, LeavesOutNoElementThatIsSkipped)
+{
+    InputKey element = string("/domains/*", 255);
+    element.empty_is_skipped = true;
+    EXPECT_EQ(bare_text(taking({key("/domains", InputType::array), element}), Direction::input), as_text(R"({
+        "properties": {"domains": {"items": {"type": "string", "maxLength": 255, "x-kelmora-max-bytes": 255,
+                                             "minLength": 1}, "type": "array"}},
         "type": "object"})"));
 }
 
