@@ -52,7 +52,8 @@ std::string comment(const std::vector<std::string> &phrases, std::size_t depth)
     }
     if (text.empty())
         return "";
-    text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
+    if (text.substr(0, text.find_first_of(" ;")).find('_') == std::string::npos) // else it begins with a name
+        text.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(text.front())));
     return fmt::format("{}/** {}. */\n", indentation(depth), text);
 }
 
