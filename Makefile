@@ -11,7 +11,7 @@ needs_libraries = libraries
 needs_size = mips
 needs_stack = mips
 
-.PHONY: all help demo check test mips bench soak fuzz coverage mutation lint format install clean
+.PHONY: all help demo check test mips bench soak fuzz coverage mutation docs contracts lint format install clean
 .DEFAULT_GOAL := all
 
 all: ## the plug-in for this machine, in build/release
@@ -59,6 +59,16 @@ coverage: ## the lines and branches of the library that the unit tests run; fail
 mutation: ## makes small faults in the library, one at a time; 95 % must fail a unit test
 	$(call needs,host test)
 	@python3 -B scripts/mutate.py
+
+docs: ## the reference of all resources, in build/docs; after make mips with the target's offsets too
+	$(call needs,host docs)
+	@sh scripts/build.sh release kelmora_json kelmora-host
+	@sh scripts/make_docs.sh
+
+contracts: ## makes schemas/ and types/ anew from the plug-in
+	$(call needs,host)
+	@sh scripts/build.sh release kelmora_json kelmora-host
+	@sh scripts/make_contract_files.sh
 
 lint: ## clang-format, clang-tidy and shellcheck find nothing
 	$(call needs,host test lint)

@@ -23,6 +23,8 @@ test        googletest          gmock/gmock.h
 test        ccache              ccache
 test        pkg-config          pkg-config
 test        python3             python3
+test        python3-jsonschema  -
+test        node-typescript     tsc
 test        valgrind            valgrind
 test        locales             localedef
 sanitize    clang               clang++
@@ -39,6 +41,8 @@ lint        python3-clang-14    -
 bench       python3             python3
 bench       valgrind            valgrind
 bench       libbenchmark-dev    benchmark/benchmark.h
+docs        python3             python3
+docs        python3-jinja2      -
 libraries   libcjson-dev        cjson/cJSON.h
 libraries   libjson-c-dev       json-c/json.h
 libraries   rapidjson-dev       rapidjson/document.h

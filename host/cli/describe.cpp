@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace kelmora_host {
 
@@ -34,7 +35,10 @@ std::string error_text(const Error &error, std::string_view key)
 
 std::string field_cell(const std::vector<KeyField> &fields)
 {
-    return fields.size() == 1 ? fmt::format("{} {}", fields.front().type, fields.front().path) : fields_of(fields);
+    // A chain's type says nothing that its elements do not say.
+    return fields.size() == 1 && !fields.front().type.starts_with("struct ")
+               ? fmt::format("{} {}", fields.front().type, fields.front().path)
+               : fields_of(fields);
 }
 
 std::string name_cell(const std::string &name) { return name == "*" ? "(element)" : name; }
@@ -170,19 +174,20 @@ std::string root_of(const Output &output)
     std::string text = output.root == RootShape::by_list_flag ? "an object, or a list of them where a list is asked for"
                        : output.root == RootShape::array      ? "always a list of objects"
                                                               : "always an object";
+    std::vector<std::string_view> remarks;
     if (output.nodes == NodesShown::head)
-        text += "; of the first record alone";
+        remarks.emplace_back("of the first record alone");
     if (output.nodes == NodesShown::head_repeated)
-        text += "; in a list the first record stands for each";
+        remarks.emplace_back("in a list the first record stands for each");
     if (output.empty_without_count)
-        text += "; [] when there is no record";
+        remarks.emplace_back("[] when there is no record");
     if (output.head_id)
-        text += "; every record has the first one's id";
+        remarks.emplace_back("every record has the first one's id");
     if (output.pretty)
-        text += "; over several lines";
+        remarks.emplace_back("over several lines");
     if (output.sorted)
-        text += "; keys sorted by name";
-    return text;
+        remarks.emplace_back("keys sorted by name");
+    return remarks.empty() ? text + "\n" : fmt::format("{}:\n{}\n", text, fmt::join(remarks, "; "));
 }
 
 std::string_view last_token(std::string_view path) { return path.substr(path.rfind('/') + 1); }
@@ -232,7 +237,7 @@ std::string contract_as_tables(const Contract &contract, const Style &style)
         return fmt::format("{} moves {} raw bytes, no JSON\n", name, raw_size);
     std::string text;
     if (contract.output) {
-        text += fmt::format("{} writes {}\n\n", name, root_of(*contract.output));
+        text += fmt::format("{} writes {}\n", name, root_of(*contract.output));
         std::vector<Row> rows{{{"KEY", "TYPE", "RANGE", "WRITTEN", "C FIELD"}, {}, 0}};
         add_rows(key_tree(contract.output->keys), 0, rows);
         text += table(std::move(rows), style);

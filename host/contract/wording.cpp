@@ -123,11 +123,15 @@ std::string range_of(const InputKey &key)
 
 std::string range_of(const OutputKey &key)
 {
+    // Of a key of several types there is one of each.
+    std::vector<std::string> ranges;
+    if (key.bits != 0)
+        ranges.push_back(integers(key.bits, key.is_signed));
     if (key.longest)
-        return bytes(*key.longest);
+        ranges.push_back(*key.longest == 0 ? "empty" : bytes(*key.longest));
     if (key.most)
-        return elements(0, key.most);
-    return integers(key.bits, key.is_signed);
+        ranges.push_back(elements(0, key.most));
+    return ranges.empty() ? "" : alternatives(ranges);
 }
 
 std::string required_of(const InputKey &key, const Input &input)

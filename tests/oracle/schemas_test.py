@@ -12,8 +12,10 @@ bits, and documents that leave out a key in whose absence the record decides abo
 """
 
 import argparse
+import concurrent.futures
 import copy
 import json
+import os
 import pathlib
 import random
 import subprocess
@@ -233,10 +235,11 @@ class Test:
             yield document
 
     def take(self, resource):
+        """Asks the plug-in about random documents; the judgement is left to what it returns, if anything."""
         accept = self.schema(resource, "accept")
         inputs = self.schema(resource, "input")
         if accept is None:
-            return
+            return None
         shape = Shape().add(inputs or {}).add(accept)
         deciding = (inputs or {}).get("x-kelmora-record-of-zeros", [])
         documents = []
@@ -250,15 +253,18 @@ class Test:
             documents.append(document)
         files = []
         for number, document in enumerate(documents):
-            file = self.folder / f"{number}.json"
+            file = self.folder / f"{resource}-{number}.json"
             file.write_text(json.dumps(document))
             files.append(file)
         answers = run(self.arguments.host, "check", "--json", resource, *files).stdout.splitlines()
         if len(answers) != len(files):
             sys.exit(f"{resource}: {len(answers)} answers to {len(files)} documents")
+        return lambda: self.judge(resource, accept, inputs, zip(documents, map(json.loads, answers)))
+
+    def judge(self, resource, accept, inputs, answered):
         accepts = jsonschema.Draft202012Validator(accept)
         takes = jsonschema.Draft202012Validator(inputs) if inputs is not None else None
-        for document, answer in zip(documents, map(json.loads, answers)):
+        for document, answer in answered:
             valid = accepts.is_valid(document)
             self.counts["accept"] += 1
             self.valid["accept"] += valid
@@ -316,8 +322,10 @@ def main():
         names = arguments.resources or [each["resource"] for each in
                                         json.loads(run(arguments.host, "list", "--json").stdout)]
         test = Test(arguments, schemas, folder)
-        for resource in names:
-            test.take(resource)
+        with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:  # each waits for a process of its own
+            for judge in pool.map(test.take, names):
+                if judge is not None:
+                    judge()
         if arguments.texts:
             answer = run(arguments.texts, arguments.texts_each, arguments.seed, *names)
             answer.check_returncode()

@@ -46,6 +46,16 @@ TEST(RangeOf, CountsBytesAndElements)
     EXPECT_EQ(range_of(list), "16 or more");
 }
 
+TEST(RangeOf, IsOfEachTypeThatIsWritten)
+{
+    OutputKey key{};
+    EXPECT_EQ(range_of(key), "");
+    key.types = {OutputType::integer, OutputType::string};
+    key.bits = 16;
+    key.longest = 0;
+    EXPECT_EQ(range_of(key), "0..65535 or empty");
+}
+
 TEST(RequiredOf, SaysOnWhatItDepends)
 {
     Input input{{key(InputType::string), key(InputType::string)}};
