@@ -218,20 +218,23 @@ std::string typescript(const std::vector<Contract> &contracts)
         const std::string type = type_name(name);
         std::string directions;
         if (contract.output) {
-            const Writer writer(nullptr, type + "Output");
-            types += "\n/** What `" + name + "` writes of a record. */\nexport interface " + type + "Output " +
-                     writer.members(key_tree(contract.output->keys), 0) + "\n" + writer.shared_types(*contract.output);
-            directions += indentation(2) + "/** One record. */\n" + indentation(2) + "output: " + type + "Output;\n" +
-                          indentation(2) + "/** The whole text. */\n" + indentation(2) +
-                          "text: " + shown(*contract.output, type + "Output") + ";\n";
+            const std::string record = type + "Output";
+            const Writer writer(nullptr, record);
+            types +=
+                fmt::format("\n/** What `{}` writes of a record. */\nexport interface {} {}\n{}", name, record,
+                            writer.members(key_tree(contract.output->keys), 0), writer.shared_types(*contract.output));
+            directions += fmt::format("    /** One record. */\n    output: {};\n"
+                                      "    /** The whole text. */\n    text: {};\n",
+                                      record, shown(*contract.output, record));
         }
         if (contract.input) {
-            types += "\n/** What `" + name + "` takes. */\nexport interface " + type + "Input " +
-                     Writer(&*contract.input, type + "Input").members(key_tree(contract.input->keys), 0) + "\n";
-            directions += indentation(2) + "input: " + type + "Input;\n";
+            const std::string document = type + "Input";
+            types += fmt::format("\n/** What `{}` takes. */\nexport interface {} {}\n", name, document,
+                                 Writer(&*contract.input, document).members(key_tree(contract.input->keys), 0));
+            directions += fmt::format("    input: {};\n", document);
         }
         if (!directions.empty())
-            resources += indentation(1) + property(name) + ": {\n" + directions + indentation(1) + "};\n";
+            resources += fmt::format("  {}: {{\n{}  }};\n", property(name), directions);
     }
     return types + resources + "}\n";
 }

@@ -53,6 +53,7 @@ std::string condition(const Condition &condition)
 std::string conditions(const std::vector<Condition> &all)
 {
     std::vector<std::string> words;
+    words.reserve(all.size());
     for (const Condition &each : all)
         words.push_back(condition(each));
     return "when " + alternatives(words);

@@ -294,10 +294,10 @@ class Test:
         for text in texts:
             self.counts["output"] += 1
             document = json.loads(text)
-            error = next(writes.iter_errors(document), None)
+            error = jsonschema.exceptions.best_match(writes.iter_errors(document))
             self.valid["output"] += error is None
             if error is not None:
-                self.disagree(resource, "output", document, f"{error.json_path}: {error.message[:80]}")
+                self.disagree(resource, "output", document, "/".join(map(str, error.absolute_schema_path)))
 
 
 def main():
