@@ -33,6 +33,9 @@ constexpr const char *footer = R"(Examples:
   kelmora-host try radio --id radio0 --pretty examples/radio.json
   kelmora-host trace radio examples/radio.json
   kelmora-host show radio --id radio1 | kelmora-host try radio --json
+  kelmora-host describe radio
+  kelmora-host describe --key ssid
+  kelmora-host schema radio --direction input
 
 Exit status:
   0  done; of check: the documents are accepted, and nothing of them is lost
@@ -52,11 +55,21 @@ constexpr const char *check_footer =
     R"(Findings have codes: cut, wrapped, wrong-type, unknown, read-only, ignored,
 repeated, empty, not-an-object, entries. Notes do not change the exit status.)";
 
+constexpr const char *schema_footer =
+    R"(Directions:
+  output  what the plug-in writes
+  input   what it takes without a loss: nothing is cut, wrapped or of a wrong
+          type
+  accept  what it accepts, whatever of it is lost)";
+
 struct Arguments {
     std::optional<std::string> plugin;
     std::optional<std::string> group;
     std::string resource;
     std::optional<std::string> id;
+    std::optional<std::string> key;
+    std::optional<std::string> direction;
+    std::optional<std::string> folder;
     std::string file = "-";
     std::vector<std::string> files{"-"}; ///< of the command that takes several
     bool json = false;
@@ -76,7 +89,7 @@ struct CommandLine {
     CommandLine()
     {
         app.require_subcommand(1);
-        for (CLI::App *command : {list, show, check, attempt, trace}) {
+        for (CLI::App *command : {list, show, check, attempt, trace, describe, schema, types}) {
             command->fallthrough(); // options of the whole program may stand behind the command, too
             command->group("Commands");
         }
@@ -116,6 +129,22 @@ struct CommandLine {
         add_file(trace);
         add_target_id(trace);
         add_json(trace, "Print the steps as a JSON object");
+
+        CLI::Option *described = add_resource(describe)->required(false);
+        described->excludes(
+            describe->add_option("--key", given.key, "Where a key of this name, or with it in its name, stands")
+                ->type_name("NAME"));
+        add_json(describe, "Print a JSON object, or of --key a JSON array");
+
+        CLI::Option *resource = add_resource(schema)->required(false);
+        CLI::Option *direction =
+            schema->add_option("--direction", given.direction, "Of the documents that it writes, takes or accepts")
+                ->type_name("output|input|accept");
+        schema->add_option("--all", given.folder, "Write all schemas into this folder")
+            ->type_name("DIR")
+            ->excludes(resource)
+            ->excludes(direction);
+        schema->footer(schema_footer);
     }
 
     void add_file(CLI::App *command)
@@ -135,9 +164,9 @@ struct CommandLine {
             ->disable_flag_override();
     }
 
-    void add_resource(CLI::App *command)
+    CLI::Option *add_resource(CLI::App *command)
     {
-        command->add_option("RESOURCE", given.resource, "The resource's name")->type_name("")->required();
+        return command->add_option("RESOURCE", given.resource, "The resource's name")->type_name("")->required();
     }
 
     void add_json(CLI::App *command, const std::string &description)
@@ -153,6 +182,9 @@ struct CommandLine {
     CLI::App *check = app.add_subcommand("check", "Tell what is wrong with documents, and what of them is lost");
     CLI::App *attempt = app.add_subcommand("try", "Have a copy of a record take a document, and print that record");
     CLI::App *trace = app.add_subcommand("trace", "Print every step of the plug-in's in a document");
+    CLI::App *describe = app.add_subcommand("describe", "Tell what a resource writes and takes, key by key");
+    CLI::App *schema = app.add_subcommand("schema", "Print a resource's JSON Schema");
+    CLI::App *types = app.add_subcommand("types", "Print the TypeScript types of all resources");
 };
 
 Plugin load_plugin(const Arguments &given)
@@ -288,11 +320,60 @@ void run_trace(const Arguments &given, std::ostream &out)
     out << trace_document(resource, node, input, given.json, Style::of(STDOUT_FILENO));
 }
 
+void run_describe(const CommandLine &line, std::ostream &out)
+{
+    const Arguments &given = line.given;
+    const Style style = Style::of(STDOUT_FILENO);
+    if (given.key) {
+        load_plugin(given);
+        out << describe_key(*given.key, given.json, style);
+        return;
+    }
+    if (given.resource.empty())
+        throw Failure(Status::usage, "RESOURCE is missing, or --key" + see_help(line.describe));
+    const Resource &resource = resource_named(given.resource);
+    load_plugin(given);
+    out << describe(resource, given.json, style);
+}
+
+void run_types(const Arguments &given, std::ostream &out)
+{
+    load_plugin(given);
+    out << types();
+}
+
+Direction direction_named(const std::optional<std::string> &name, const CLI::App *command)
+{
+    for (const Direction direction : {Direction::output, Direction::input, Direction::accept}) {
+        if (name == name_of(direction))
+            return direction;
+    }
+    throw Failure(Status::usage, "--direction must be output, input or accept" + see_help(command));
+}
+
+void run_schema(const CommandLine &line, std::ostream &out)
+{
+    const Arguments &given = line.given;
+    if (given.folder) {
+        load_plugin(given);
+        write_schemas(*given.folder);
+        return;
+    }
+    if (given.resource.empty())
+        throw Failure(Status::usage, "RESOURCE is missing, or --all" + see_help(line.schema));
+    const Resource &resource = resource_named(given.resource);
+    const Direction direction = direction_named(given.direction, line.schema);
+    load_plugin(given);
+    out << schema_of(resource, direction);
+}
+
 /// Throws Failure (usage) when a path is empty: no file has that name.
 void check_paths(const CommandLine &line)
 {
     if (line.given.plugin && line.given.plugin->empty())
         throw Failure(Status::usage, "the PATH of --plugin is empty" + see_help());
+    if (line.given.folder && line.given.folder->empty())
+        throw Failure(Status::usage, "the DIR of --all is empty" + see_help(line.schema));
     const std::vector<std::string> &files = line.given.files;
     if (line.given.file.empty() || std::ranges::find(files, "") != files.end())
         throw Failure(Status::usage, "the name of the FILE is empty" + see_help(line.app.get_subcommands().front()));
@@ -316,6 +397,12 @@ Status dispatch(int argc, const char *const *argv, std::ostream &out, std::ostre
         return run_try(line.given, out, err);
     if (line.trace->parsed())
         run_trace(line.given, out);
+    else if (line.describe->parsed())
+        run_describe(line, out);
+    else if (line.schema->parsed())
+        run_schema(line, out);
+    else if (line.types->parsed())
+        run_types(line.given, out);
     else if (line.show->parsed())
         run_show(line.given, out, err);
     else

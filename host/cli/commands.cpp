@@ -1,14 +1,21 @@
 #include "host/cli/commands.h"
 
+#include "host/cli/describe.h"
 #include "host/cli/diagnostics.h"
 #include "host/cli/steps.h"
+#include "host/contract/learn_output.h"
+#include "host/contract/pointer.h"
 #include "host/contract/syntax.h"
 #include "host/contract/trace.h"
+#include "host/contract/typescript.h"
 #include "host/json.h"
 #include "host/names.h"
 #include "host/plugin/translate.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <fmt/format.h>
+#include <fstream>
 #include <iomanip>
 #include <iterator>
 #include <set>
@@ -148,17 +155,55 @@ Node select_node(const Gateway &gateway, const Resource &resource, const std::op
     return nodes.front();
 }
 
+namespace {
+
+/// Of what it writes; nothing where that is no JSON.
+std::optional<RootShape> root_of(const Resource &resource)
+{
+    if (is_raw(resource) || resource.directions == Directions::from_only)
+        return std::nullopt;
+    return learn_root(resource, translators_of(resource));
+}
+
+std::vector<std::string> key_names(const std::vector<Contract> &contracts)
+{
+    std::set<std::string> names;
+    const auto add = [&names](const auto &keys) {
+        for (const auto &key : keys)
+            names.insert(tokens_of(key.path).back());
+    };
+    for (const Contract &contract : contracts) {
+        if (contract.input)
+            add(contract.input->keys);
+        if (contract.output)
+            add(contract.output->keys);
+    }
+    return {names.begin(), names.end()};
+}
+
+std::vector<Contract> all_contracts()
+{
+    std::vector<Contract> contracts;
+    for (const Resource &resource : registered(""))
+        contracts.push_back(learn(resource, translators_of(resource)));
+    return contracts;
+}
+
+} // namespace
+
 std::string list_as_table(std::string_view group, std::string_view plugin_version)
 {
     std::ostringstream table;
-    const auto row = [&table](auto number, std::string_view name, std::string_view directions, std::string_view in) {
+    const auto row = [&table](auto number, std::string_view name, std::string_view directions, std::string_view shape,
+                              std::string_view in) {
         table << std::setw(6) << number << "  " << std::left << std::setw(32) << name << "  " << std::setw(10)
-              << directions << "  " << in << std::right << "\n";
+              << directions << "  " << std::setw(16) << shape << "  " << in << std::right << "\n";
     };
-    row("NUMBER", "RESOURCE", "DIRECTIONS", "GROUP");
+    row("NUMBER", "RESOURCE", "DIRECTIONS", "SHOWN AS", "GROUP");
     const std::vector<Resource> rows = registered(group);
     for (const Resource &resource : rows)
-        row(resource.number, resource.name, text_of(resource.directions), resource.group);
+        row(resource.number, resource.name, text_of(resource.directions), shape_of(resource, root_of(resource)),
+            resource.group);
     return table.str() + totals(rows, group, plugin_version);
 }
 
@@ -170,6 +215,7 @@ std::string list_as_json(std::string_view group)
         json_object_set_new(object.get(), "number", json_integer(resource.number));
         json_object_set_new(object.get(), "resource", json_text(resource.name));
         json_object_set_new(object.get(), "directions", json_text(text_of(resource.directions)));
+        json_object_set_new(object.get(), "shape", json_text(shape_of(resource, root_of(resource))));
         json_object_set_new(object.get(), "group", json_text(resource.group));
         json_array_append_new(list.get(), object.release());
     }
@@ -230,5 +276,52 @@ std::string trace_document(const Resource &resource, const Node &node, const Inp
     const Trace traced = trace(resource, translators_of(resource), node, input.text, *document);
     return as_json ? to_text(steps_as_json(traced, input.name, resource.name)) + "\n" : steps_as_table(traced, style);
 }
+
+std::string describe(const Resource &resource, bool as_json, const Style &style)
+{
+    const Contract contract = learn(resource, translators_of(resource));
+    return as_json ? contract_as_json(contract) + "\n" : contract_as_tables(contract, style);
+}
+
+std::string describe_key(const std::string &name, bool as_json, const Style &style)
+{
+    const std::vector<Contract> contracts = all_contracts();
+    std::string found = as_json ? find_key_as_json(contracts, name) : find_key(contracts, name, style);
+    if (!found.empty())
+        return found;
+    throw Failure(Status::usage, "no resource has a key \"" + name + "\"" +
+                                     hint(name, key_names(contracts), "kelmora-host describe RESOURCE shows its keys"));
+}
+
+std::string schema_of(const Resource &resource, Direction direction)
+{
+    const Contract contract = learn(resource, translators_of(resource));
+    if (has_schema(contract, direction))
+        return schema(contract, direction);
+    throw Failure(Status::usage, fmt::format("{} has no schema for {}: {}", resource.name, name_of(direction),
+                                             is_raw(resource)                 ? "its documents are raw bytes, no JSON"
+                                             : direction == Direction::output ? "it is write-only"
+                                                                              : "it is read-only"));
+}
+
+void write_schemas(const std::string &folder)
+{
+    std::error_code error;
+    std::filesystem::create_directories(folder, error);
+    for (const Contract &contract : all_contracts()) {
+        for (const Direction direction : {Direction::output, Direction::input, Direction::accept}) {
+            if (!has_schema(contract, direction))
+                continue;
+            const std::string path =
+                fmt::format("{}/{}.{}.schema.json", folder, contract.resource->name, name_of(direction));
+            std::ofstream file(path);
+            file << schema(contract, direction);
+            if (!file.flush())
+                throw Failure(Status::environment, path + " cannot be written");
+        }
+    }
+}
+
+std::string types() { return typescript(all_contracts()); }
 
 } // namespace kelmora_host

@@ -4,6 +4,7 @@
 #include "host/cli/input.h"
 #include "host/cli/report.h"
 #include "host/cli/style.h"
+#include "host/contract/schema.h"
 #include "host/gateway/gateway.h"
 #include "host/gateway/resources.h"
 #include "host/plugin/registry.h"
@@ -61,6 +62,23 @@ std::string try_note(const Resource &resource);
 /// are not JSON.
 std::string trace_document(const Resource &resource, const Node &node, const InputText &input, bool as_json,
                            const Style &style);
+
+/// What a resource takes and writes: tables for a terminal, or a JSON object.
+std::string describe(const Resource &resource, bool as_json, const Style &style);
+
+/// Where a key of this name stands: a line for each place, or a JSON array. Throws Failure (usage) when no resource
+/// knows such a key.
+std::string describe_key(const std::string &name, bool as_json, const Style &style);
+
+/// A resource's JSON Schema. Throws Failure (usage) when there are no documents in this direction.
+std::string schema_of(const Resource &resource, Direction direction);
+
+/// Writes the schemas of all resources into a folder, which is made where it is not there, as
+/// RESOURCE.DIRECTION.schema.json. Throws Failure (environment) when one cannot be written.
+void write_schemas(const std::string &folder);
+
+/// The TypeScript types of all resources.
+std::string types();
 
 } // namespace kelmora_host
 

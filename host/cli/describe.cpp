@@ -2,6 +2,7 @@
 
 #include "host/contract/key_tree.h"
 #include "host/contract/wording.h"
+#include "host/json.h"
 
 #include <algorithm>
 #include <array>
@@ -192,40 +193,45 @@ std::string root_of(const Output &output)
 
 std::string_view last_token(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
-std::string line_of(const Contract &contract, std::string_view direction, const std::string &path,
-                    const std::string &type, std::string_view meaning, const Style &style)
-{
-    std::string line =
-        fmt::format("{} {} {}: {}", style.heading(contract.resource->name), direction, style.key(path), type);
-    if (!meaning.empty())
-        line += "; " + style.faint(meaning);
-    return line + "\n";
-}
+/// A key of this name somewhere, in one direction of a resource.
+struct Place {
+    const Contract *contract;
+    std::string_view direction;
+    std::string path;
+    std::string type;
+    std::string range;
+    std::string_view meaning;
+};
 
-template <class Matches>
-std::string keys_as_lines(const std::vector<Contract> &contracts, const Style &style, Matches matches)
+/// Where there are keys of which matches(name) holds.
+template <class Matches> std::vector<Place> places_of(const std::vector<Contract> &contracts, Matches matches)
 {
-    const auto with_range = [](std::string_view type, const std::string &range) {
-        return range.empty() ? std::string(type) : fmt::format("{}, {}", type, range);
-    };
-    std::string lines;
+    std::vector<Place> places;
     for (const Contract &contract : contracts) {
         if (contract.output) {
             for (const OutputKey &key : contract.output->keys) {
                 if (matches(last_token(key.path)))
-                    lines += line_of(contract, "output", key.path, with_range(types_of(key), range_of(key)),
-                                     meaning_of(key), style);
+                    places.push_back({&contract, "output", key.path, types_of(key), range_of(key), meaning_of(key)});
             }
         }
         if (contract.input) {
             for (const InputKey &key : contract.input->keys) {
                 if (matches(last_token(key.path)))
-                    lines += line_of(contract, "input", key.path, with_range(name_of(key.type), range_of(key)),
-                                     meaning_of(key), style);
+                    places.push_back(
+                        {&contract, "input", key.path, std::string(name_of(key.type)), range_of(key), meaning_of(key)});
             }
         }
     }
-    return lines;
+    return places;
+}
+
+/// Those of the name, or where there are none those that have it in their name.
+std::vector<Place> places_of(const std::vector<Contract> &contracts, std::string_view name)
+{
+    std::vector<Place> places = places_of(contracts, [&](std::string_view key) { return key == name; });
+    if (places.empty())
+        places = places_of(contracts, [&](std::string_view key) { return key.find(name) != std::string_view::npos; });
+    return places;
 }
 
 } // namespace
@@ -258,20 +264,46 @@ std::string contract_as_tables(const Contract &contract, const Style &style)
 
 std::string find_key(const std::vector<Contract> &contracts, std::string_view name, const Style &style)
 {
-    std::string lines = keys_as_lines(contracts, style, [&](std::string_view key) { return key == name; });
-    if (lines.empty())
-        lines = keys_as_lines(contracts, style,
-                              [&](std::string_view key) { return key.find(name) != std::string_view::npos; });
+    std::string lines;
+    for (const Place &place : places_of(contracts, name)) {
+        lines += fmt::format("{} {} {}: {}", style.heading(place.contract->resource->name), place.direction,
+                             style.key(place.path), place.type);
+        if (!place.range.empty())
+            lines += ", " + place.range;
+        if (!place.meaning.empty())
+            lines += "; " + style.faint(std::string(place.meaning));
+        lines += "\n";
+    }
     return lines;
 }
 
-std::string_view shape_of(const Contract &contract)
+std::string find_key_as_json(const std::vector<Contract> &contracts, std::string_view name)
 {
-    if (is_raw(*contract.resource))
+    const Json list(json_array());
+    for (const Place &place : places_of(contracts, name)) {
+        Json object(json_object());
+        const auto set = [&object](const char *key, std::string_view text) {
+            if (!text.empty())
+                json_object_set_new(object.get(), key, json_text(text));
+        };
+        set("resource", place.contract->resource->name);
+        set("direction", place.direction);
+        set("path", place.path);
+        set("type", place.type);
+        set("range", place.range);
+        set("meaning", place.meaning);
+        json_array_append_new(list.get(), object.release());
+    }
+    return json_array_size(list.get()) == 0 ? "" : to_text(list) + "\n";
+}
+
+std::string_view shape_of(const Resource &resource, const std::optional<RootShape> &root)
+{
+    if (is_raw(resource))
         return "8 raw bytes";
-    if (!contract.output)
-        return contract.input ? "an object" : "nothing";
-    switch (contract.output->root) {
+    if (!root)
+        return "an object";
+    switch (*root) {
     case RootShape::by_list_flag:
         return "list or object";
     case RootShape::array:

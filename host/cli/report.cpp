@@ -1,6 +1,7 @@
 #include "host/cli/report.h"
 
 #include "host/cli/diagnostics.h"
+#include "host/contract/pointer.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -24,8 +25,15 @@ std::string with_pointer(std::string_view pointer, std::string_view message)
     return pointer.empty() ? std::string(message) : fmt::format("{}: {}", pointer, message);
 }
 
-/// accepted: the plug-in reported it, and went on.
-Line line_of(const LocatedError &located, bool accepted)
+/// The key that an error is about, where its field is another one; else empty.
+std::string other_key(const LocatedError &located)
+{
+    const std::vector<std::string> tokens = tokens_of(located.pointer.value_or(""));
+    return tokens.empty() || tokens.back() == located.error.field ? "" : tokens.back();
+}
+
+/// accepted: the plug-in reported it, and went on. first: it is the one of several that the plug-in reports.
+Line line_of(const LocatedError &located, bool accepted, bool first)
 {
     const Severity severity = accepted ? Severity::warning : Severity::error;
     const std::string_view code = accepted ? "reported" : "rejected";
@@ -34,10 +42,13 @@ Line line_of(const LocatedError &located, bool accepted)
         return {located.position, severity, fmt::format("{}: {}", error.message, located.detail), "syntax"};
     if (error.source == program_name) // the host's own, so of no field
         return {located.position, severity, error.message, code};
-    return {located.position, severity,
-            with_pointer(located.pointer.value_or(""),
-                         fmt::format("{} (field \"{}\", source \"{}\")", error.message, error.field, error.source)),
-            code};
+    std::string message = fmt::format("{} (field \"{}\", source \"{}\")", error.message, error.field, error.source);
+    if (const std::string key = other_key(located); !key.empty())
+        message += fmt::format("; the key is \"{}\"", key);
+    if (first)
+        message += "; this one is reported";
+    return {located.position, severity, with_pointer(located.pointer.value_or(""), message),
+            located.later ? "later" : code};
 }
 
 std::string severity_in(const Style &style, Severity severity)
@@ -75,8 +86,12 @@ json_t *error_as_json(const LocatedError &located)
     set(object, "message", json_text(located.error.message));
     set(object, "source", json_text(located.error.source));
     set_place(object, located.pointer, located.position);
+    if (const std::string key = other_key(located); !key.empty())
+        set(object, "key", json_text(key));
     if (!located.detail.empty())
         set(object, "detail", json_text(located.detail));
+    if (located.later)
+        set(object, "later", json_true());
     return object.release();
 }
 
@@ -110,8 +125,9 @@ json_t *record_as_json(const CheckedFile &checked)
 std::string diagnostics(const CheckedFile &checked, const Style &style)
 {
     std::vector<Line> lines;
+    const bool several = std::ranges::any_of(checked.check.errors, &LocatedError::later);
     for (const LocatedError &error : checked.check.errors)
-        lines.push_back(line_of(error, checked.check.result != CheckResult::rejected));
+        lines.push_back(line_of(error, checked.check.result != CheckResult::rejected, several && !error.later));
     for (const Finding &finding : checked.check.findings)
         lines.push_back(
             {finding.position, finding.severity, with_pointer(finding.pointer, finding.message), finding.code});

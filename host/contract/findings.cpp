@@ -1,6 +1,7 @@
 #include "host/contract/findings.h"
 
 #include "host/contract/keys.h"
+#include "host/contract/later_errors.h"
 #include "host/contract/syntax.h"
 #include "host/contract/trace.h"
 #include "host/json.h"
@@ -79,6 +80,7 @@ public:
         if (!accepted() && trace_.errors.empty())
             check_.errors.push_back(
                 {{"", "rejected without an error", "kelmora-host"}, std::nullopt, std::nullopt, ""});
+        find_later_errors();
         check_root();
         find_repeated();
         find_entries();
@@ -103,6 +105,17 @@ private:
         const Step &step = trace_.steps[*traced.step];
         const Value &place = step.value != nullptr ? *step.value : *step.parent;
         return {traced.error, step.pointer(), place.position, ""};
+    }
+
+    /// The errors behind the first one, each where the document has what it is about or what it would be in.
+    void find_later_errors()
+    {
+        if (accepted() || document_.root().type != ValueType::object)
+            return;
+        for (LaterError &later : later_errors(resource_, translators_, node_.record(), text_)) {
+            const Position position = document_.nearest(later.pointer).position;
+            check_.errors.push_back({std::move(later.error), std::move(later.pointer), position, "", true});
+        }
     }
 
     void add(std::string_view code, const Value &value, std::string message, std::optional<std::string> stored = {},

@@ -36,6 +36,7 @@ struct LocatedError {
         pointer; ///< a JSON Pointer, the absent key included: "" for the whole; nothing when it is not known
     std::optional<Position> position; ///< nothing when it is not about a place in the text
     std::string detail;               ///< why a text is no document; else empty
+    bool later = false;               ///< the plug-in reports it only once those before it are mended
 
     bool operator==(const LocatedError &) const = default;
 };

@@ -1,14 +1,13 @@
 #ifndef KELMORA_HOST_CONTRACT_KEY_TREE_H
 #define KELMORA_HOST_CONTRACT_KEY_TREE_H
 
+#include "host/contract/pointer.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kelmora_host {
-
-/// The reference tokens of a JSON Pointer, unescaped: "/lan_list/*/lan_id" has three, "" has none.
-[[nodiscard]] std::vector<std::string> tokens_of(std::string_view pointer);
 
 /// A contract's keys as they stand in a document: members in their object, the element ("*") in its list.
 template <class Key> struct KeyTree {

@@ -43,6 +43,13 @@ public:
     {
     }
 
+    RootShape learn_root() const
+    {
+        if (json_is_array(document(three_nodes(), false, 2).json.get()))
+            return RootShape::array;
+        return json_is_array(document(three_nodes(), true, 2).json.get()) ? RootShape::by_list_flag : RootShape::object;
+    }
+
     Output learn()
     {
         model_ = values(record());
@@ -201,16 +208,13 @@ private:
     {
         const Text object = document(three_nodes(), false, 2);
         const Text list = document(three_nodes(), true, 2);
-        const bool array_anyway = json_is_array(object.json.get());
-        output_.root = array_anyway                     ? RootShape::array
-                       : json_is_array(list.json.get()) ? RootShape::by_list_flag
-                                                        : RootShape::object;
+        output_.root = learn_root();
         output_.pretty = object.text.find('\n') != std::string::npos;
         output_.sorted = is_sorted(list.json.get());
         learn_nodes(list);
         const Text none = document(three_nodes(), false, 0);
         const bool counts = output_.nodes == NodesShown::counted || output_.nodes == NodesShown::head_repeated;
-        output_.empty_without_count = none.text == "[]" && !(array_anyway && counts);
+        output_.empty_without_count = none.text == "[]" && !(output_.root == RootShape::array && counts);
     }
 
     static bool is_sorted(const json_t *value)
@@ -662,6 +666,11 @@ private:
 };
 
 } // namespace
+
+RootShape learn_root(const Resource &resource, const Registration &translators)
+{
+    return OutputLearner(resource, translators).learn_root();
+}
 
 Output learn_output(const Resource &resource, const Registration &translators)
 {

@@ -8,6 +8,9 @@ namespace kelmora_host {
 /// What a to-translator writes; the resource must write JSON.
 [[nodiscard]] Output learn_output(const Resource &resource, const Registration &translators);
 
+/// What the root of its text is alone.
+[[nodiscard]] RootShape learn_root(const Resource &resource, const Registration &translators);
+
 } // namespace kelmora_host
 
 #endif

@@ -1,5 +1,6 @@
 #include "host/contract/learn_probe.h"
 
+#include "host/contract/pointer.h"
 #include "host/json.h"
 #include "host/plugin/observer.h"
 #include "host/plugin/translate.h"
@@ -47,20 +48,21 @@ public:
 
     void parsed(const char * /*text*/, const json_t *root) override { values_[root] = {"", ""}; }
 
-    json_t *member(const json_t *object, const char *key, json_t * /*found*/) override
+    json_t *member(const json_t *object, const char *key, json_t *found) override
     {
         const auto parent = values_.find(object);
         if (parent == values_.end())
             return nullptr;
         probe_.uses[parent->second.pattern].object = true;
-        const Place place{parent->second.exact + "/" + key, parent->second.pattern + "/" + key};
+        const Place place{parent->second.exact + "/" + escaped_token(key),
+                          parent->second.pattern + "/" + escaped_token(key)};
         if (json_is_object(object))
-            return answer(place);
-        note(place.pattern);
+            return answer(place, found);
+        note(place);
         return nullptr;
     }
 
-    json_t *element(const json_t *array, std::size_t index, json_t * /*found*/) override
+    json_t *element(const json_t *array, std::size_t index, json_t *found) override
     {
         const auto parent = values_.find(array);
         if (parent == values_.end())
@@ -68,12 +70,12 @@ public:
         const Place place = parent->second;
         probe_.uses[place.pattern].array = true;
         if (!json_is_array(array) || index >= json_array_size(array)) {
-            note(place.pattern + "/*");
+            note({place.exact + "/" + std::to_string(index), place.pattern + "/*"});
             return nullptr;
         }
         std::size_t &elements = probe_.elements[place.pattern];
         elements = std::max(elements, index + 1);
-        return answer({place.exact + "/" + std::to_string(index), place.pattern + "/*"});
+        return answer({place.exact + "/" + std::to_string(index), place.pattern + "/*"}, found);
     }
 
     void counted(const json_t *array, std::size_t /*size*/) override { use(array, &Uses::array); }
@@ -88,8 +90,10 @@ public:
 
     void failed(const kelmora_errorlist &errors) override
     {
-        if (errors.errors.size() == 1)
-            probe_.culprit = last_;
+        if (errors.errors.size() == 1) {
+            probe_.culprit = last_.pattern;
+            probe_.culprit_place = last_.exact;
+        }
     }
 
 private:
@@ -101,36 +105,41 @@ private:
 
     void use(const json_t *value, bool Uses::*how)
     {
-        if (const auto found = values_.find(value); found != values_.end())
+        if (const auto found = values_.find(value); found != values_.end()) {
             probe_.uses[found->second.pattern].*how = true;
+            last_ = found->second;
+        }
     }
 
-    void note(const std::string &pattern)
+    void note(const Place &place)
     {
-        if (probe_.uses.try_emplace(pattern).second || !probe_.has_looked(pattern))
-            probe_.looked.push_back(pattern);
-        last_ = pattern;
+        if (probe_.uses.try_emplace(place.pattern).second || !probe_.has_looked(place.pattern))
+            probe_.looked.push_back(place.pattern);
+        last_ = place;
     }
 
-    json_t *answer(Place place)
+    /// found: what the document has there, or NULL.
+    json_t *answer(Place place, json_t *found)
     {
-        note(place.pattern);
+        note(place);
         auto given = answers_.end();
         if (place.exact != place.pattern)
             given = answers_.find(place.exact);
         if (given == answers_.end())
             given = answers_.find(place.pattern);
-        json_t *value = given != answers_.end() ? made(given->second) : nullptr;
-        if (value != nullptr) {
+        json_t *value = found;
+        if (given != answers_.end()) {
+            value = made(given->second);
             alive_.emplace_back(value);
-            values_[value] = std::move(place);
         }
+        if (value != nullptr)
+            values_[value] = std::move(place);
         return value;
     }
 
     const Answers &answers_;
     Probe &probe_;
-    std::string last_;
+    Place last_;
     std::unordered_map<const json_t *, Place> values_;
     std::vector<Json> alive_;
 };
@@ -144,13 +153,13 @@ Prober::Prober(const Resource &resource, const Registration &translators)
 {
 }
 
-Probe Prober::probe(const Answers &answers, const Record &record, bool with_image) const
+Probe Prober::probe(const Answers &answers, const Record &record, bool with_image, const std::string &document) const
 {
     Probe probe;
     Node node("", record);
     Oracle oracle(answers, probe);
     const Observation observation(oracle);
-    Decoded decoded = from_json(translators_.from, node, "{}");
+    Decoded decoded = from_json(translators_.from, node, document);
     probe.accepted = decoded.result == 1;
     probe.errors = std::move(decoded.errors);
     probe.missing = node.missing();

@@ -48,6 +48,7 @@ struct Probe {
     bool accepted = false;
     std::vector<Error> errors;
     std::string culprit;                           ///< the path that was looked up last before the first error
+    std::string culprit_place;                     ///< the same with the elements' numbers
     std::vector<std::string> looked;               ///< paths with "*", in the order of their first look-up
     std::map<std::string, Uses, std::less<>> uses; ///< by those paths
     std::map<std::string, std::size_t, std::less<>> elements; ///< of an array's path: elements looked up and there
@@ -57,13 +58,14 @@ struct Probe {
     [[nodiscard]] bool has_looked(std::string_view path) const;
 };
 
-/// Asks a from-translator, with any answers in a document's place.
+/// Asks a from-translator, with any answers in a document's place, or in place of some of its values.
 class Prober {
 public:
     Prober(const Resource &resource, const Registration &translators);
 
-    /// What it does with these answers and a copy of the record.
-    [[nodiscard]] Probe probe(const Answers &answers, const Record &record, bool with_image = false) const;
+    /// What it does with these answers and a copy of the record. What there is no answer for it finds in the document.
+    [[nodiscard]] Probe probe(const Answers &answers, const Record &record, bool with_image = false,
+                              const std::string &document = "{}") const;
 
 private:
     const RecordType *type_;

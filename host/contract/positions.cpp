@@ -1,5 +1,7 @@
 #include "host/contract/positions.h"
 
+#include "host/contract/pointer.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -260,6 +262,21 @@ const Value *Positions::member(const Value &object, std::string_view key) const
     return behind != members.begin() && behind[-1]->key->string == key ? behind[-1] : nullptr;
 }
 
+const Value &Positions::nearest(std::string_view pointer) const
+{
+    const Value *place = &root();
+    for (const std::string &token : tokens_of(pointer)) {
+        const bool is_index = place->type == ValueType::array && !token.empty() &&
+                              token.find_first_not_of("0123456789") == std::string::npos;
+        const Value *next =
+            is_index ? element(*place, std::strtoull(token.c_str(), nullptr, 10)) : member(*place, token);
+        if (next == nullptr)
+            break;
+        place = next;
+    }
+    return *place;
+}
+
 std::string pointer(const Value &value)
 {
     std::vector<const Value *> steps;
@@ -267,19 +284,8 @@ std::string pointer(const Value &value)
         steps.push_back(step);
     std::string made;
     for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-        made += '/';
-        if ((*step)->key == nullptr) {
-            made += std::to_string((*step)->index);
-            continue;
-        }
-        for (const char character : (*step)->key->string) {
-            if (character == '~')
-                made += "~0";
-            else if (character == '/')
-                made += "~1";
-            else
-                made += character;
-        }
+        const Key *key = (*step)->key;
+        made.append("/").append(key != nullptr ? escaped_token(key->string) : std::to_string((*step)->index));
     }
     return made;
 }

@@ -67,6 +67,9 @@ public:
     /// An array's element, or an object's member in the order of the text. NULL when there is none.
     [[nodiscard]] const Value *element(const Value &value, std::size_t index) const;
 
+    /// What a JSON Pointer points to, or the innermost value around the place where that would be.
+    [[nodiscard]] const Value &nearest(std::string_view pointer) const;
+
     /// All elements or members in the order of the text.
     [[nodiscard]] std::span<const Value *const> elements(const Value &value) const;
 

@@ -728,7 +728,7 @@ std::string schema(const Contract &contract, Direction direction)
     const std::unique_ptr<char, decltype(&std::free)> lines(json_dumps(whole.get(), JSON_INDENT(2)), &std::free);
     if (!lines)
         throw std::bad_alloc();
-    return lines.get();
+    return std::string(lines.get()) + "\n";
 }
 
 } // namespace kelmora_host

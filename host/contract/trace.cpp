@@ -1,6 +1,7 @@
 #include "host/contract/trace.h"
 
 #include "host/contract/image.h"
+#include "host/contract/pointer.h"
 #include "host/json.h"
 #include "host/plugin/observer.h"
 #include "host/plugin/translate.h"
@@ -14,15 +15,6 @@
 namespace kelmora_host {
 
 namespace {
-
-/// A key as a step of a JSON Pointer.
-std::string escaped(std::string_view key)
-{
-    std::string step;
-    for (const char c : key)
-        step += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
-    return step;
-}
 
 /// What the plug-in gets in place of values of the document.
 using Substitutes = std::unordered_map<const Value *, Json>;
@@ -454,7 +446,7 @@ std::string Step::pointer() const
 {
     if (value != nullptr)
         return kelmora_host::pointer(*value);
-    return kelmora_host::pointer(*parent) + "/" + (element ? std::to_string(index) : escaped(key));
+    return kelmora_host::pointer(*parent) + "/" + (element ? std::to_string(index) : escaped_token(key));
 }
 
 namespace {

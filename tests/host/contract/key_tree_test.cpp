@@ -7,19 +7,9 @@ namespace kelmora_host {
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
-
 struct TestKey {
     std::string path;
 };
-
-TEST(TokensOf, AreUnescaped)
-{
-    EXPECT_THAT(tokens_of(""), IsEmpty());
-    EXPECT_THAT(tokens_of("/lan_list/*/lan_id"), ElementsAre("lan_list", "*", "lan_id"));
-    EXPECT_THAT(tokens_of("/a~1b/c~0d/~01"), ElementsAre("a/b", "c~d", "~1"));
-}
 
 TEST(KeyTree, HasMembersInTheirObjectAndTheElementInItsList)
 {

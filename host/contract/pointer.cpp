@@ -1,6 +1,14 @@
-#include "host/contract/key_tree.h"
+#include "host/contract/pointer.h"
 
 namespace kelmora_host {
+
+std::string escaped_token(std::string_view key)
+{
+    std::string token;
+    for (const char c : key)
+        token += c == '~' ? "~0" : c == '/' ? "~1" : std::string(1, c);
+    return token;
+}
 
 std::vector<std::string> tokens_of(std::string_view pointer)
 {

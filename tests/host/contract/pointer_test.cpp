@@ -1,0 +1,30 @@
+#include "host/contract/pointer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kelmora_host {
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(EscapedToken, HasNoSlashAndNoTildeOfItsOwn)
+{
+    EXPECT_EQ(escaped_token("lan_id"), "lan_id");
+    EXPECT_EQ(escaped_token("a/b~c"), "a~1b~0c");
+    EXPECT_EQ(escaped_token(""), "");
+}
+
+TEST(TokensOf, AreUnescaped)
+{
+    EXPECT_THAT(tokens_of(""), IsEmpty());
+    EXPECT_THAT(tokens_of("/lan_list/*/lan_id"), ElementsAre("lan_list", "*", "lan_id"));
+    EXPECT_THAT(tokens_of("/a~1b/c~0d/~01"), ElementsAre("a/b", "c~d", "~1"));
+    EXPECT_THAT(tokens_of("/"), ElementsAre(""));
+}
+
+} // namespace
+
+} // namespace kelmora_host
