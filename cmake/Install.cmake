@@ -1,4 +1,5 @@
-# What `cmake --install` puts where: the plug-in, the public headers, the page of the development host, and what tells pkg-config and CMake about them.
+# What `cmake --install` puts where: the plug-in, the public headers, the page of the development host, schemas, types and
+# reference, and what tells pkg-config and CMake about them.
 
 include(CMakePackageConfigHelpers)
 
@@ -17,6 +18,10 @@ install(FILES ${PROJECT_BINARY_DIR}/kelmora_config.h DESTINATION ${header_dir})
 if(EXISTS ${PROJECT_SOURCE_DIR}/docs/kelmora-host.1)
     install(FILES docs/kelmora-host.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 endif()
+
+# What tells front-end developers about the documents; the reference where `make docs` has made it.
+install(DIRECTORY schemas types DESTINATION ${CMAKE_INSTALL_DATADIR}/kelmora_json)
+install(DIRECTORY build/docs/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/reference OPTIONAL)
 
 configure_package_config_file(
     cmake/kelmora_json-config.cmake.in kelmora_json-config.cmake

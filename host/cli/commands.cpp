@@ -184,8 +184,10 @@ std::vector<std::string> key_names(const std::vector<Contract> &contracts)
 std::vector<Contract> all_contracts()
 {
     std::vector<Contract> contracts;
-    for (const Resource &resource : registered(""))
-        contracts.push_back(learn(resource, translators_of(resource)));
+    for (const Resource &resource : resources()) { // which a contract refers to
+        if (const Registration *translators = Registry::instance().find(resource.number))
+            contracts.push_back(learn(resource, *translators));
+    }
     return contracts;
 }
 

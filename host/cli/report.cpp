@@ -29,7 +29,9 @@ std::string with_pointer(std::string_view pointer, std::string_view message)
 std::string other_key(const LocatedError &located)
 {
     const std::vector<std::string> tokens = tokens_of(located.pointer.value_or(""));
-    return tokens.empty() || tokens.back() == located.error.field ? "" : tokens.back();
+    const std::string &field = located.error.field;
+    const bool same = tokens.empty() || field.substr(field.find_last_of(".:") + 1) == tokens.back();
+    return same ? "" : tokens.back();
 }
 
 /// accepted: the plug-in reported it, and went on. first: it is the one of several that the plug-in reports.

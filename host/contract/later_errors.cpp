@@ -24,6 +24,29 @@ std::vector<Given> all_remedies()
     return all;
 }
 
+/// What a key takes as a rule.
+Given usual(const InputKey &key)
+{
+    switch (key.type) {
+    case InputType::boolean:
+        return {.kind = Kind::yes};
+    case InputType::integer:
+    case InputType::number:
+        return {.kind = Kind::integer};
+    case InputType::real:
+        return {.kind = Kind::real};
+    case InputType::string:
+        return {.kind = Kind::string};
+    case InputType::array:
+        return {.kind = Kind::array, .size = key.least};
+    case InputType::object:
+    case InputType::text:
+    case InputType::any:
+        break;
+    }
+    return {.kind = Kind::object};
+}
+
 class Mender {
 public:
     Mender(const Resource &resource, const Registration &translators, const Record &record, const std::string &text)
@@ -54,9 +77,10 @@ private:
         if (mended_.contains(place))
             return false; // it came back: whatever is given for it depends on something else
         const std::string pattern = probe.culprit;
-        const auto known = remedies_.find(pattern);
         std::vector<Given> tried = all_remedies();
-        if (known != remedies_.end())
+        if (const InputKey *key = key_of(pattern))
+            tried.insert(tried.begin(), usual(*key));
+        if (const auto known = remedies_.find(pattern); known != remedies_.end())
             tried.insert(tried.begin(), known->second);
         for (const Given &given : tried) {
             mended_[place] = given;
@@ -70,14 +94,23 @@ private:
         return false;
     }
 
-    /// Whether a value that was made up here is why this is looked for or required.
-    [[nodiscard]] bool depends_on_a_remedy(const std::string &path) const
+    [[nodiscard]] const InputKey *key_of(std::string_view path) const
     {
         const auto key = std::ranges::find(input_.keys, path, &InputKey::path);
-        if (key == input_.keys.end())
-            return false;
+        return key != input_.keys.end() ? &*key : nullptr;
+    }
+
+    /// Whether a value that was made up here is why this, or what it is in, is looked for or required.
+    [[nodiscard]] bool depends_on_a_remedy(std::string_view path) const
+    {
         const auto made_up = [this](const Condition &condition) { return remedies_.contains(condition.path); };
-        return std::ranges::any_of(key->required_when, made_up) || std::ranges::any_of(key->looked_at_when, made_up);
+        for (; !path.empty(); path = path.substr(0, path.rfind('/'))) {
+            const InputKey *key = key_of(path);
+            if (key != nullptr && (std::ranges::any_of(key->required_when, made_up) ||
+                                   std::ranges::any_of(key->looked_at_when, made_up)))
+                return true;
+        }
+        return false;
     }
 
     Prober prober_;

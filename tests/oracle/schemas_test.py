@@ -256,7 +256,7 @@ class Test:
             file = self.folder / f"{resource}-{number}.json"
             file.write_text(json.dumps(document))
             files.append(file)
-        answers = run(self.arguments.host, "check", "--json", resource, *files).stdout.splitlines()
+        answers = run(self.arguments.host, "check", "--json", resource, *files).stdout.rstrip("\n").split("\n")
         if len(answers) != len(files):
             sys.exit(f"{resource}: {len(answers)} answers to {len(files)} documents")
         return lambda: self.judge(resource, accept, inputs, zip(documents, map(json.loads, answers)))
@@ -330,7 +330,7 @@ def main():
             answer = run(arguments.texts, arguments.texts_each, arguments.seed, *names)
             answer.check_returncode()
             texts = {}
-            for line in answer.stdout.splitlines():
+            for line in answer.stdout.rstrip("\n").split("\n"):
                 resource, text = line.split("\t", 1)
                 texts.setdefault(resource, []).append(json.loads(text))
             for resource, each in texts.items():

@@ -97,9 +97,8 @@ TEST(CommandLine, EndsWithStatus2WhenItIsWrong)
     const auto usage_error = [](const std::string &message) {
         return Ending{2, "", "kelmora-host: error: " + message + "\n"};
     };
-    EXPECT_EQ(run_with({}),
-              usage_error(
-                  "a command is missing; the commands are list, show, check, try and trace; see kelmora-host --help"));
+    EXPECT_EQ(run_with({}), usage_error("a command is missing; the commands are list, show, check, try, trace, "
+                                        "describe, schema and types; see kelmora-host --help"));
     EXPECT_EQ(run_with({"lst"}), usage_error("no command \"lst\"; similar: list; see kelmora-host --help"));
     EXPECT_EQ(run_with({"show"}), usage_error("RESOURCE is missing; see kelmora-host show --help"));
     EXPECT_EQ(run_with({"show", "radio", "--jsn"}),

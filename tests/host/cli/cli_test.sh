@@ -91,10 +91,10 @@ try list
 status_is 0
 err_is ""
 [ "$(wc -l <"$work/out")" -eq $((resources + 2)) ] || fail "expected a header, $resources resources and the totals"
-out_has "NUMBER  RESOURCE                          DIRECTIONS  GROUP"
-out_has "     5  radio                             both        wireless"
-out_has "    20  site_survey                       read-only   wireless"
-out_has "    12  telnet                            write-only  device"
+out_has "NUMBER  RESOURCE                          DIRECTIONS  SHOWN AS          GROUP"
+out_has "     5  radio                             both        list or object    wireless"
+out_has "    20  site_survey                       read-only   list or object    wireless"
+out_has "    12  telnet                            write-only  an object         device"
 tail -n 1 "$work/out" | grep -q "^$resources pairs registered by libkelmora_json $version: numbers 0 to $((resources - 1))\$" ||
     fail "expected the totals last"
 
@@ -108,8 +108,8 @@ try list --group wireless --json
 status_is 0
 err_is ""
 [ "$(wc -l <"$work/out")" -eq 1 ] || fail "expected one line"
-out_has '[{"number": 0, "resource": "wireless", "directions": "both", "group": "wireless"}, {"number": 5,'
-out_has ' {"number": 20, "resource": "site_survey", "directions": "read-only", "group": "wireless"}, {"number": 22,'
+out_has '[{"number": 0, "resource": "wireless", "directions": "both", "shape": "list or object", "group": "wireless"}, {"number": 5,'
+out_has ' {"number": 20, "resource": "site_survey", "directions": "read-only", "shape": "list or object", "group": "wireless"}, {"number": 22,'
 
 try list --group garden
 status_is 2
@@ -288,6 +288,55 @@ try trace radio "$examples/radio-broken.json"
 status_is 1
 err_has "$examples/radio-broken.json:7:15: error: "
 
+# ---- describe, schema and types
+
+try describe radio
+status_is 0
+out_has 'power              integer  0..4294967295  yes       uint32_t power'
+err_is ""
+
+try describe radio --json
+status_is 0
+out_has '{"resource": "radio", "group": "wireless", "number": 5, "directions": "both", "input": {"keys": [{"path": "/enabled", '
+
+try describe --key global_upload
+status_is 0
+out_has 'qos input /global_upload: integer, -2147483648..2147483647; upstream rate of the line'
+
+try describe
+fails_with 2 'kelmora-host: error: RESOURCE is missing, or --key; see kelmora-host describe --help'
+
+try describe radio --key ssid
+status_is 2
+
+try schema radio --direction input
+status_is 0
+out_has '  "$id": "urn:kelmora:radio:input",'
+
+try schema radio
+fails_with 2 'kelmora-host: error: --direction must be output, input or accept; see kelmora-host schema --help'
+
+try schema radio --direction both
+fails_with 2 'kelmora-host: error: --direction must be output, input or accept; see kelmora-host schema --help'
+
+try schema
+fails_with 2 'kelmora-host: error: RESOURCE is missing, or --all; see kelmora-host schema --help'
+
+try schema --all "$work/schemas"
+succeeds ""
+for direction in output input accept; do
+    [ -s "$work/schemas/radio.$direction.schema.json" ] || fail "no schema of radio for $direction"
+done
+[ ! -e "$work/schemas/telnet.output.schema.json" ] || fail "a schema of what is never written"
+
+try schema --all "$work/faulty/schemas"
+status_is 4
+err_has "cannot be written"
+
+try types
+status_is 0
+out_has 'export interface RadioInput {'
+
 # ---- pretty
 
 try show radio --id radio1 --pretty
@@ -380,10 +429,10 @@ err_has "$work/controller.json:1:78: note: /mtp: 2 entries were there, 1 came, 3
 # ---- the command line is wrong
 
 try
-fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try and trace; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try, trace, describe, schema and types; see kelmora-host --help'
 
 try get radio
-fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try and trace; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try, trace, describe, schema and types; see kelmora-host --help'
 
 try lst
 fails_with 2 'kelmora-host: error: no command "lst"; similar: list; see kelmora-host --help'

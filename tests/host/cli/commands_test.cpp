@@ -20,6 +20,7 @@ using namespace std::string_literals;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 using StatusAndLine = std::pair<Status, std::string>;
 
@@ -197,9 +198,9 @@ TEST_F(Commands, ListTheResourcesOfAGroupAsATable)
     for (const int number : {1, 20, 5, 2}) // radio and site_survey, and two of other groups
         kelmora_set_translators(number, nothing_from, nothing_to);
     EXPECT_EQ(list_as_table("wireless", "9.8.7"),
-              "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
-              "     5  radio                             both        wireless\n"
-              "    20  site_survey                       read-only   wireless\n"
+              "NUMBER  RESOURCE                          DIRECTIONS  SHOWN AS          GROUP\n"
+              "     5  radio                             both        always an object  wireless\n"
+              "    20  site_survey                       read-only   always an object  wireless\n"
               "2 pairs of the group wireless registered by libkelmora_json 9.8.7: numbers 5 and 20\n");
 }
 
@@ -218,11 +219,12 @@ TEST_F(Commands, ListOnlyWhatIsRegistered)
 {
     Registry::instance().clear();
     kelmora_set_translators(20, nothing_from, nothing_to);
-    EXPECT_EQ(list_as_table("", "9.8.7"), "NUMBER  RESOURCE                          DIRECTIONS  GROUP\n"
-                                          "    20  site_survey                       read-only   wireless\n"
-                                          "1 pair registered by libkelmora_json 9.8.7: number 20\n");
+    EXPECT_EQ(list_as_table("", "9.8.7"),
+              "NUMBER  RESOURCE                          DIRECTIONS  SHOWN AS          GROUP\n"
+              "    20  site_survey                       read-only   always an object  wireless\n"
+              "1 pair registered by libkelmora_json 9.8.7: number 20\n");
     EXPECT_EQ(list_as_json(""), "[{\"number\": 20, \"resource\": \"site_survey\", \"directions\": \"read-only\", "
-                                "\"group\": \"wireless\"}]");
+                                "\"shape\": \"always an object\", \"group\": \"wireless\"}]");
     EXPECT_EQ(list_as_json("device"), "[]");
     EXPECT_THAT(list_as_table("device", "9.8.7"),
                 HasSubstr("\n0 pairs of the group device registered by libkelmora_json 9.8.7\n"));
@@ -232,9 +234,11 @@ TEST_F(Commands, ListTheDirectionsOfEachResourceAsJson)
 {
     const std::string list = list_as_json("");
     EXPECT_THAT(list, HasSubstr("{\"number\": 1, \"resource\": \"session\", \"directions\": \"both\", "
-                                "\"group\": \"device\"}"));
-    EXPECT_THAT(list, HasSubstr("\"resource\": \"telnet\", \"directions\": \"write-only\", \"group\": \"device\""));
-    EXPECT_THAT(list, HasSubstr("\"resource\": \"status\", \"directions\": \"read-only\", \"group\": \"device\""));
+                                "\"shape\": \"always a list\", \"group\": \"device\"}"));
+    EXPECT_THAT(list, HasSubstr("\"resource\": \"telnet\", \"directions\": \"write-only\", \"shape\": \"an object\", "
+                                "\"group\": \"device\""));
+    EXPECT_THAT(list, HasSubstr("\"resource\": \"status\", \"directions\": \"read-only\", \"shape\": \"list or "
+                                "object\", \"group\": \"device\""));
 }
 
 TEST_F(Commands, ShowRecordsAsThePlugInWritesThem)
@@ -311,9 +315,14 @@ TEST_F(Commands, ShowNoRecordOfARejectedDocument)
     const CheckedFile tried = try_document(resource_named("qos"), node, {"qos.json", R"({"enabled": true})"});
     EXPECT_EQ(tried.check.result, CheckResult::rejected);
     EXPECT_EQ(tried.record, std::nullopt);
-    EXPECT_EQ(diagnostics(tried, Style(false)),
-              "qos.json:1:1: error: /global_download: download field not found (field "
-              "\"download\", source \"json\") [rejected]\n");
+    EXPECT_EQ(
+        diagnostics(tried, Style(false)),
+        "qos.json:1:1: error: /global_download: download field not found (field \"download\", source \"json\"); the "
+        "key is \"global_download\"; this one is reported [rejected]\n"
+        "qos.json:1:1: error: /global_upload: upload field not found (field \"upload\", source \"json\"); the key is "
+        "\"global_upload\" [later]\n");
+    EXPECT_THAT(to_text(as_json(tried)), HasSubstr("\"key\": \"global_download\"}, {\"field\": \"upload\", "));
+    EXPECT_THAT(to_text(as_json(tried)), HasSubstr("\"key\": \"global_upload\", \"later\": true}]"));
 }
 
 TEST_F(Commands, SayThatAWriteOnlyResourceHasNoRecordToShow)
@@ -349,6 +358,38 @@ TEST_F(Commands, TraceNothingInATextThatIsNoDocument)
             (void)trace_document(resource_named("backup_restore"), node, {"a.json", "12345678"}, false, Style(false));
         }).first,
         Status::rejected);
+}
+
+TEST_F(Commands, DescribeAResource)
+{
+    EXPECT_THAT(describe(resource_named("qos"), false, Style(false)), HasSubstr("qos takes an object"));
+    EXPECT_THAT(describe(resource_named("qos"), true, Style(false)), StartsWith("{\"resource\": \"qos\""));
+    EXPECT_EQ(describe(resource_named("backup_restore"), false, Style(false)),
+              "backup_restore moves 8 raw bytes, no JSON\n");
+}
+
+TEST_F(Commands, DescribeAKeyWhereverItStands)
+{
+    const std::string lines = describe_key("global_upload", false, Style(false));
+    EXPECT_THAT(lines, HasSubstr("qos output /global_upload: integer, -2147483648..2147483647; upstream rate of the line"));
+    EXPECT_THAT(lines, HasSubstr("qos input /global_upload: integer, -2147483648..2147483647; upstream rate of the line"));
+    EXPECT_THAT(describe_key("global_upload", true, Style(false)), StartsWith("[{\"resource\": \"qos\""));
+    EXPECT_EQ(failure_of([] { (void)describe_key("global_uplaod", false, Style(false)); }),
+              StatusAndLine(Status::usage, "kelmora-host: error: no resource has a key \"global_uplaod\"; similar: "
+                                           "global_upload"));
+}
+
+TEST_F(Commands, GiveTheSchemaOfADirectionThatThereIs)
+{
+    EXPECT_THAT(schema_of(resource_named("qos"), Direction::input), HasSubstr("\"urn:kelmora:qos:input\""));
+    EXPECT_EQ(failure_of([] { (void)schema_of(resource_named("telnet"), Direction::output); }),
+              StatusAndLine(Status::usage, "kelmora-host: error: telnet has no schema for output: it is write-only"));
+    EXPECT_EQ(failure_of([] { (void)schema_of(resource_named("status"), Direction::input); }),
+              StatusAndLine(Status::usage, "kelmora-host: error: status has no schema for input: it is read-only"));
+    EXPECT_EQ(failure_of([] { (void)schema_of(resource_named("backup_restore"), Direction::accept); }),
+              StatusAndLine(Status::usage,
+                            "kelmora-host: error: backup_restore has no schema for accept: its documents "
+                            "are raw bytes, no JSON"));
 }
 
 TEST_F(Commands, ShowTheBytesOfARawResourceInHexadecimal)

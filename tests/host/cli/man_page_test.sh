@@ -15,12 +15,8 @@ work=$(mktemp -d) || exit 1
 trap 'rm -rf "$work"' EXIT
 status=0
 
-# same WHAT: the page's lines, in $work/page, are the help's, in $work/help, and there are some.
+# same WHAT: the page's lines, in $work/page, are the help's, in $work/help.
 same() {
-    [ -s "$work/help" ] || {
-        echo "$1: the help has none"
-        status=1
-    }
     diff "$work/help" "$work/page" >"$work/diff" || {
         echo "$1: < is the help's, > is the page's"
         grep '^[<>]' "$work/diff"
@@ -42,6 +38,14 @@ arguments_of() {
         }' "$page" | sort
 }
 
+# some WHAT: there are lines in $work/help, or nothing was compared.
+some() {
+    [ -s "$work/help" ] || {
+        echo "$1: the help has none"
+        status=1
+    }
+}
+
 # arguments COMMAND...: the same of the command's help, without --help itself.
 arguments() {
     {
@@ -53,6 +57,7 @@ arguments() {
 "$@" --help >"$work/all" || status=1
 items 'Commands:' <"$work/all" >"$work/help"
 awk '$1 == ".Sh" { inside = $2 == "COMMANDS" } inside && $1 == ".Ss" { print $2 }' "$page" >"$work/page"
+some "commands"
 same "commands"
 cp "$work/help" "$work/commands"
 awk '$1 == ".Sh" { inside = $2 == "SYNOPSIS" } inside && $1 == ".Cm" { print $2 }' "$page" >"$work/page"
@@ -60,6 +65,7 @@ same "commands of the synopsis"
 
 arguments "$@" >"$work/help"
 arguments_of OPTIONS >"$work/page"
+some "options"
 same "options"
 
 while read -r command; do
@@ -77,14 +83,17 @@ done <"$work/commands"
 
 items 'Exit status:' <"$work/all" | grep '^[0-9]' >"$work/help"
 awk '$1 == ".Sh" { inside = $0 == ".Sh EXIT STATUS" } inside && $1 == ".It" { print $2 }' "$page" >"$work/page"
+some "exit statuses"
 same "exit statuses"
 
 sed -n '/^Examples:$/,/^$/s/^  //p' "$work/all" >"$work/help"
 sed -n '/^\.Sh EXAMPLES$/,/^\.Ed$/p' "$page" | grep '^kelmora-host ' >"$work/page"
+some "examples"
 same "examples"
 
 # What the help says of documents that are always of one kind stands in the page and the README, too.
 "$@" show --help | tr '\n' ' ' | grep -o 'those of [a-z_, ]*' >"$work/help"
+some "documents of one kind"
 for file in "$page" "$root/README.md"; do
     tr '\n' ' ' <"$file" | tr -d '`' | tr -s ' ' | grep -o 'those of [a-z_, ]*' | grep -F -x -f "$work/help" >"$work/page"
     same "documents of one kind in $file"
