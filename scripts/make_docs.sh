@@ -4,7 +4,7 @@ set -eu
 cd "$(dirname "$0")/.."
 
 if [ -x build/mips/kelmora-host ] && command -v qemu-mips >/dev/null; then
-    exec python3 -B scripts/make_docs.py build/release/kelmora-host build/docs \
+    exec /usr/bin/python3 -B scripts/make_docs.py build/release/kelmora-host build/docs \
         --mips-host 'qemu-mips -L /usr/mips-linux-gnu build/mips/kelmora-host'
 fi
-exec python3 -B scripts/make_docs.py build/release/kelmora-host build/docs
+exec /usr/bin/python3 -B scripts/make_docs.py build/release/kelmora-host build/docs

@@ -47,6 +47,8 @@ def faults_of(folder, resources):
         for fault in page.faults:
             yield f"{path.name}: {fault}"
         for link in page.links:
+            if link.startswith("data:"):
+                continue
             file, _, anchor = link.partition("#")
             target = path if not file else (path.parent / file).resolve()
             if not target.is_file():
