@@ -269,7 +269,7 @@ const Value &Positions::nearest(std::string_view pointer) const
         const bool is_index = place->type == ValueType::array && !token.empty() &&
                               token.find_first_not_of("0123456789") == std::string::npos;
         const Value *next =
-            is_index ? element(*place, std::strtoull(token.c_str(), nullptr, 10)) : member(*place, token);
+            is_index ? element(*place, std::strtoul(token.c_str(), nullptr, 10)) : member(*place, token);
         if (next == nullptr)
             break;
         place = next;
