@@ -5,6 +5,13 @@ cd "$(dirname "$0")/.."
 
 preset=$1
 shift
+
+# One compiler cache does for all clones: paths below this folder are taken as they are seen from it.
+CCACHE_BASEDIR=$PWD
+CCACHE_NOHASHDIR=true
+CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+export CCACHE_BASEDIR CCACHE_NOHASHDIR CCACHE_SLOPPINESS
+
 mkdir -p build
 
 # What configuring says is shown when it fails; its warnings, which are about what is left out, when all is to be built.

@@ -40,8 +40,10 @@ std::set<std::string> shown_keys(const Resource &resource, const Registration &t
 KnownKeys known_keys(const Resource &resource, const Registration &translators, const Node &node)
 {
     KnownKeys keys;
-    if (resource.directions != Directions::to_only)
-        keys.taken = learn_input_paths(resource, translators);
+    if (resource.directions != Directions::to_only) {
+        for (const InputKey &key : learned_input(resource, translators).keys)
+            keys.taken.insert(key.path);
+    }
     if (resource.directions != Directions::from_only)
         keys.shown = shown_keys(resource, translators, node);
     return keys;

@@ -50,7 +50,7 @@ Given usual(const InputKey &key)
 class Mender {
 public:
     Mender(const Resource &resource, const Registration &translators, const Record &record, const std::string &text)
-        : prober_(resource, translators), record_(record), text_(text), input_(learn_input(resource, translators))
+        : prober_(resource, translators), record_(record), text_(text), input_(learned_input(resource, translators))
     {
     }
 
@@ -106,8 +106,8 @@ private:
         const auto made_up = [this](const Condition &condition) { return remedies_.contains(condition.path); };
         for (; !path.empty(); path = path.substr(0, path.rfind('/'))) {
             const InputKey *key = key_of(path);
-            if (key != nullptr && (std::ranges::any_of(key->required_when, made_up) ||
-                                   std::ranges::any_of(key->looked_at_when, made_up)))
+            if (key != nullptr &&
+                (std::ranges::any_of(key->required_when, made_up) || std::ranges::any_of(key->looked_at_when, made_up)))
                 return true;
         }
         return false;
@@ -116,7 +116,7 @@ private:
     Prober prober_;
     const Record &record_;
     const std::string &text_;
-    Input input_;
+    const Input &input_;
     Answers mended_;
     Answers remedies_; ///< what helped, by paths as contracts have them
 };

@@ -9,6 +9,8 @@
 #include <functional>
 #include <limits>
 #include <map>
+#include <mutex>
+#include <set>
 
 namespace kelmora_host {
 
@@ -103,15 +105,6 @@ public:
         : type_(*record_type(resource.name)), prober_(resource, translators), blank_(blank_record(resource)),
           poisoned_(poisoned_record(resource))
     {
-    }
-
-    std::set<std::string> paths()
-    {
-        explore();
-        std::set<std::string> paths;
-        for (const auto &[path, known] : known_)
-            paths.insert(path);
-        return paths;
     }
 
     Input learn()
@@ -1158,9 +1151,21 @@ Input learn_input(const Resource &resource, const Registration &translators)
     return InputLearner(resource, translators).learn();
 }
 
-std::set<std::string> learn_input_paths(const Resource &resource, const Registration &translators)
+const Input &learned_input(const Resource &resource, const Registration &translators)
 {
-    return InputLearner(resource, translators).paths();
+    struct Learned {
+        std::once_flag once;
+        Input input;
+    };
+    static std::mutex mutex;
+    static std::map<std::pair<int, kelmora_from_translator>, Learned> all;
+    Learned *learned = nullptr;
+    {
+        const std::lock_guard lock(mutex);
+        learned = &all[{resource.number, translators.from}];
+    }
+    std::call_once(learned->once, [&] { learned->input = learn_input(resource, translators); });
+    return learned->input;
 }
 
 } // namespace kelmora_host

@@ -3,16 +3,13 @@
 
 #include "host/contract/contract.h"
 
-#include <set>
-#include <string>
-
 namespace kelmora_host {
 
 /// What a from-translator takes; the resource must take JSON.
 [[nodiscard]] Input learn_input(const Resource &resource, const Registration &translators);
 
-/// The paths of its keys alone, for those who need no more: in a small part of the time.
-[[nodiscard]] std::set<std::string> learn_input_paths(const Resource &resource, const Registration &translators);
+/// The same, learned at the first question about this translator and kept while the process lives. For all threads.
+[[nodiscard]] const Input &learned_input(const Resource &resource, const Registration &translators);
 
 } // namespace kelmora_host
 

@@ -10,11 +10,14 @@
 #include <iterator>
 #include <set>
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace kelmora_host {
 
 namespace {
 
+using ::testing::Each;
 using ::testing::IsSubsetOf;
 
 using Names = std::set<std::string>;
@@ -82,14 +85,11 @@ TEST(LearnInput, FindsEveryKeyThatStandsInAUnitAndNoOther)
         Names keys;
         Names others;
         if (contract.input) {
-            std::set<std::string> paths;
             for (const InputKey &key : contract.input->keys) {
-                paths.insert(key.path);
                 keys.insert(last_step(key.path));
                 for (const auto &error : {key.absent, key.unfit, key.out_of_size, key.unknown})
                     add_error(others, error);
             }
-            EXPECT_EQ(learn_input_paths(resource, translators), paths) << resource.name;
         }
         if (contract.output) {
             for (const OutputKey &key : contract.output->keys) {
@@ -109,6 +109,28 @@ TEST(LearnInput, FindsEveryKeyThatStandsInAUnitAndNoOther)
         names.erase(""); // "list." that a name follows
         EXPECT_THAT(names, IsSubsetOf(keys)) << resource.name;
     }
+}
+
+TEST(LearnedInput, IsLearnedOnceForAllThreads)
+{
+    kelmora_json_init();
+    const Resource &resource = *find_resource("wan");
+    const Registration &translators = *Registry::instance().find(resource.number);
+    std::vector<const Input *> learned(8);
+    std::vector<std::thread> threads;
+    threads.reserve(learned.size());
+    for (const Input *&each : learned)
+        threads.emplace_back([&] { each = &learned_input(resource, translators); });
+    for (std::thread &thread : threads)
+        thread.join();
+    EXPECT_THAT(learned, Each(learned.front()));
+    const auto paths = [](const Input &input) {
+        std::vector<std::string> all;
+        for (const InputKey &key : input.keys)
+            all.push_back(key.path);
+        return all;
+    };
+    EXPECT_EQ(paths(*learned.front()), paths(learn_input(resource, translators)));
 }
 
 } // namespace
