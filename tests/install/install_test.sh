@@ -44,6 +44,9 @@ $libdir/cmake/kelmora_json/kelmora_json-config.cmake
 $libdir/cmake/kelmora_json/kelmora_json-config-version.cmake
 EOT
     [ ! -f "$build/kelmora-host" ] || echo "$prefix/bin/kelmora-host"
+    (cd "$root" && find schemas types -type f) | sed "s|^|$prefix/share/kelmora_json/|"
+    [ ! -d "$root/build/docs" ] ||
+        (cd "$root/build/docs" && find . -type f) | sed "s|^\.|$prefix/share/doc/kelmora_json/reference|"
     [ ! -f "$root/docs/kelmora-host.1" ] || echo "$prefix/share/man/man1/kelmora-host.1"
 } | sort >"$stage/expected"
 (cd "$stage/root" && find . ! -type d) | sed 's/^\.//' | sort >"$stage/installed"
