@@ -311,7 +311,7 @@ status_is 2
 
 try schema radio --direction input
 status_is 0
-out_has '  "$id": "urn:kelmora:radio:input",'
+out_has '": "urn:kelmora:radio:input",'
 
 try schema radio
 fails_with 2 'kelmora-host: error: --direction must be output, input or accept; see kelmora-host schema --help'
