@@ -459,7 +459,7 @@ private:
                 least[path] = {};
         }
         std::set<std::string> needed;
-        const auto try_least = [&](Answers answers) {
+        const auto try_least = [&](const Answers &answers) {
             for (const Record *record : {&blank_, &poisoned_}) {
                 Answers tried = answers;
                 for (std::size_t rounds = 0; rounds < known_.size(); ++rounds) {
@@ -478,7 +478,7 @@ private:
                 for (const auto &[other, given] : known.home)
                     answers[other] = given;
                 answers[path] = value;
-                try_least(std::move(answers));
+                try_least(answers);
             }
         }
         return needed;

@@ -639,7 +639,7 @@ private:
         for (std::size_t at = path.find("/*/"); at != std::string::npos; at = path.find("/*/", at + 1)) {
             const std::string outer = path.substr(0, at);
             const std::string name = outer.substr(outer.rfind('/'));
-            const std::string inner = outer + "/*" + name;
+            const std::string inner = std::string(outer).append("/*").append(name);
             if (path == inner && members_.contains(inner)) {
                 OutputKey &key = keys_[path];
                 key.like = outer;
