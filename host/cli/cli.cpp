@@ -6,6 +6,7 @@
 #include "host/cli/report.h"
 #include "host/cli/style.h"
 #include "host/cli/usage.h"
+#include "host/contract/listing.h"
 #include "host/json.h"
 #include "host/plugin/plugin.h"
 
@@ -300,7 +301,11 @@ Status run_try(const Arguments &given, std::ostream &out, std::ostream &err)
 
     const CheckedFile tried = try_document(resource, node, input);
     if (given.json) {
-        out << to_text(as_json(tried)) << "\n";
+        try {
+            out << to_text(as_json(tried)) << "\n";
+        } catch (const UnreadableRecord &error) {
+            throw Failure(Status::rejected, error.what());
+        }
     } else {
         err << diagnostics(tried, Style::of(STDERR_FILENO));
         print_record(tried.record.value_or(""), given, out);

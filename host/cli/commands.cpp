@@ -3,10 +3,11 @@
 #include "host/cli/describe.h"
 #include "host/cli/diagnostics.h"
 #include "host/cli/steps.h"
-#include "host/contract/learn_output.h"
+#include "host/contract/key_places.h"
+#include "host/contract/listing.h"
 #include "host/contract/pointer.h"
 #include "host/contract/syntax.h"
-#include "host/contract/trace.h"
+#include "host/contract/trace_json.h"
 #include "host/contract/typescript.h"
 #include "host/json.h"
 #include "host/names.h"
@@ -25,34 +26,11 @@ namespace kelmora_host {
 
 namespace {
 
-std::string_view text_of(Directions directions)
-{
-    switch (directions) {
-    case Directions::to_only:
-        return "read-only";
-    case Directions::from_only:
-        return "write-only";
-    case Directions::both:
-        break;
-    }
-    return "both";
-}
-
 /// What helps somebody who gave a name that is none of these: the similar ones, or else what there is.
 std::string hint(std::string_view name, const std::vector<std::string> &names, const std::string &what_there_is)
 {
     const std::vector<std::string> similar = similar_names(name, names);
     return "; " + (similar.empty() ? what_there_is : "similar: " + enumeration(similar));
-}
-
-std::vector<Resource> registered(std::string_view group)
-{
-    std::vector<Resource> found;
-    for (const Resource &resource : resources()) {
-        if (Registry::instance().find(resource.number) != nullptr && (group.empty() || resource.group == group))
-            found.push_back(resource);
-    }
-    return found;
 }
 
 /// "number 5", "numbers 0, 5 and 20 to 22": three and more in a row as a range.
@@ -157,14 +135,6 @@ Node select_node(const Gateway &gateway, const Resource &resource, const std::op
 
 namespace {
 
-/// Of what it writes; nothing where that is no JSON.
-std::optional<RootShape> root_of(const Resource &resource)
-{
-    if (is_raw(resource) || resource.directions == Directions::from_only)
-        return std::nullopt;
-    return learn_root(resource, translators_of(resource));
-}
-
 std::vector<std::string> key_names(const std::vector<Contract> &contracts)
 {
     std::set<std::string> names;
@@ -204,24 +174,9 @@ std::string list_as_table(std::string_view group, std::string_view plugin_versio
     row("NUMBER", "RESOURCE", "DIRECTIONS", "SHOWN AS", "GROUP");
     const std::vector<Resource> rows = registered(group);
     for (const Resource &resource : rows)
-        row(resource.number, resource.name, text_of(resource.directions), shape_of(resource, root_of(resource)),
-            resource.group);
+        row(resource.number, resource.name, words_of(resource.directions),
+            shape_of(resource, root_of(resource, translators_of(resource))), resource.group);
     return table.str() + totals(rows, group, plugin_version);
-}
-
-std::string list_as_json(std::string_view group)
-{
-    const Json list(json_array());
-    for (const Resource &resource : registered(group)) {
-        Json object(json_object());
-        json_object_set_new(object.get(), "number", json_integer(resource.number));
-        json_object_set_new(object.get(), "resource", json_text(resource.name));
-        json_object_set_new(object.get(), "directions", json_text(text_of(resource.directions)));
-        json_object_set_new(object.get(), "shape", json_text(shape_of(resource, root_of(resource))));
-        json_object_set_new(object.get(), "group", json_text(resource.group));
-        json_array_append_new(list.get(), object.release());
-    }
-    return to_text(list);
 }
 
 std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_list)
@@ -288,7 +243,7 @@ std::string describe(const Resource &resource, bool as_json, const Style &style)
 std::string describe_key(const std::string &name, bool as_json, const Style &style)
 {
     const std::vector<Contract> contracts = all_contracts();
-    std::string found = as_json ? find_key_as_json(contracts, name) : find_key(contracts, name, style);
+    std::string found = as_json ? key_places_as_json(contracts, name) : find_key(contracts, name, style);
     if (!found.empty())
         return found;
     throw Failure(Status::usage, "no resource has a key \"" + name + "\"" +

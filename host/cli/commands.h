@@ -38,9 +38,6 @@ Node select_node(const Gateway &gateway, const Resource &resource, const std::op
 /// totals.
 std::string list_as_table(std::string_view group, std::string_view plugin_version);
 
-/// The same as a JSON array of objects.
-std::string list_as_json(std::string_view group);
-
 /// The records as the plug-in writes them; of a raw resource, the first one's bytes in hexadecimal. as_list: as an
 /// array of any number of them, even none. Throws Failure (rejected) when the plug-in reports that it did not succeed.
 std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_list);

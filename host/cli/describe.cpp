@@ -1,8 +1,8 @@
 #include "host/cli/describe.h"
 
+#include "host/contract/key_places.h"
 #include "host/contract/key_tree.h"
 #include "host/contract/wording.h"
-#include "host/json.h"
 
 #include <algorithm>
 #include <array>
@@ -191,49 +191,6 @@ std::string root_of(const Output &output)
     return remarks.empty() ? text + "\n" : fmt::format("{}:\n{}\n", text, fmt::join(remarks, "; "));
 }
 
-std::string_view last_token(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
-/// A key of this name somewhere, in one direction of a resource.
-struct Place {
-    const Contract *contract;
-    std::string_view direction;
-    std::string path;
-    std::string type;
-    std::string range;
-    std::string_view meaning;
-};
-
-/// Where there are keys of which matches(name) holds.
-template <class Matches> std::vector<Place> places_of(const std::vector<Contract> &contracts, Matches matches)
-{
-    std::vector<Place> places;
-    for (const Contract &contract : contracts) {
-        if (contract.output) {
-            for (const OutputKey &key : contract.output->keys) {
-                if (matches(last_token(key.path)))
-                    places.push_back({&contract, "output", key.path, types_of(key), range_of(key), meaning_of(key)});
-            }
-        }
-        if (contract.input) {
-            for (const InputKey &key : contract.input->keys) {
-                if (matches(last_token(key.path)))
-                    places.push_back(
-                        {&contract, "input", key.path, std::string(name_of(key.type)), range_of(key), meaning_of(key)});
-            }
-        }
-    }
-    return places;
-}
-
-/// Those of the name, or where there are none those that have it in their name.
-std::vector<Place> places_of(const std::vector<Contract> &contracts, std::string_view name)
-{
-    std::vector<Place> places = places_of(contracts, [&](std::string_view key) { return key == name; });
-    if (places.empty())
-        places = places_of(contracts, [&](std::string_view key) { return key.find(name) != std::string_view::npos; });
-    return places;
-}
-
 } // namespace
 
 std::string contract_as_tables(const Contract &contract, const Style &style)
@@ -265,7 +222,7 @@ std::string contract_as_tables(const Contract &contract, const Style &style)
 std::string find_key(const std::vector<Contract> &contracts, std::string_view name, const Style &style)
 {
     std::string lines;
-    for (const Place &place : places_of(contracts, name)) {
+    for (const KeyPlace &place : key_places(contracts, name)) {
         lines += fmt::format("{} {} {}: {}", style.heading(place.contract->resource->name), place.direction,
                              style.key(place.path), place.type);
         if (!place.range.empty())
@@ -275,43 +232,6 @@ std::string find_key(const std::vector<Contract> &contracts, std::string_view na
         lines += "\n";
     }
     return lines;
-}
-
-std::string find_key_as_json(const std::vector<Contract> &contracts, std::string_view name)
-{
-    const Json list(json_array());
-    for (const Place &place : places_of(contracts, name)) {
-        Json object(json_object());
-        const auto set = [&object](const char *key, std::string_view text) {
-            if (!text.empty())
-                json_object_set_new(object.get(), key, json_text(text));
-        };
-        set("resource", place.contract->resource->name);
-        set("direction", place.direction);
-        set("path", place.path);
-        set("type", place.type);
-        set("range", place.range);
-        set("meaning", place.meaning);
-        json_array_append_new(list.get(), object.release());
-    }
-    return json_array_size(list.get()) == 0 ? "" : to_text(list) + "\n";
-}
-
-std::string_view shape_of(const Resource &resource, const std::optional<RootShape> &root)
-{
-    if (is_raw(resource))
-        return "8 raw bytes";
-    if (!root)
-        return "an object";
-    switch (*root) {
-    case RootShape::by_list_flag:
-        return "list or object";
-    case RootShape::array:
-        return "always a list";
-    case RootShape::object:
-        break;
-    }
-    return "always an object";
 }
 
 } // namespace kelmora_host

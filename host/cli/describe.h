@@ -18,13 +18,6 @@ namespace kelmora_host {
 /// with its end. Empty when there are none.
 [[nodiscard]] std::string find_key(const std::vector<Contract> &contracts, std::string_view name, const Style &style);
 
-/// The same as a JSON array of objects; empty as well when there are none.
-[[nodiscard]] std::string find_key_as_json(const std::vector<Contract> &contracts, std::string_view name);
-
-/// What the document that a resource writes, or else takes, is: "list or object", "8 raw bytes". root: of the document
-/// that it writes.
-[[nodiscard]] std::string_view shape_of(const Resource &resource, const std::optional<RootShape> &root);
-
 } // namespace kelmora_host
 
 #endif

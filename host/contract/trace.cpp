@@ -371,6 +371,7 @@ private:
             stored = {path.empty() ? field->path : path + "." + field->path, field->field, field->offset,
                       bytes.substr(block.begin + field->offset, field->size), std::nullopt};
         }
+        stored.block = std::move(path);
         if (step.uses.empty())
             stored.boolean = stored.bytes.find_first_not_of('\0') != std::string::npos;
         if (std::ranges::find(step.stored, stored.path, &Stored::path) == step.stored.end())

@@ -41,6 +41,7 @@ struct Stored {
     std::size_t offset;          ///< in bytes, from the begin of the record or of the chain's node
     std::string bytes;           ///< the field's, or the element's when it is an array
     std::optional<bool> boolean; ///< where the plug-in used the value as a boolean: what is stored
+    std::string block = {};      ///< the path of that node, "leases[0]", or of the string; empty for the record
 
     [[nodiscard]] bool is_integer() const;
 

@@ -282,7 +282,7 @@ err_is ""
 
 try trace radio --json "$examples/radio.json"
 status_is 0
-out_has '{"pointer": "/power", "line": 13, "column": 14, "found": true, "read_as": ["integer"], "value": 50, "stored": [{"field": "power", "offset": 32, "size": 4, "bytes": "'
+out_has '{"pointer": "/power", "line": 13, "column": 14, "found": true, "read_as": ["integer"], "value": 50, "stored": [{"block": "", "field": "power", "offset": 32, "size": 4, "bytes": "'
 
 try trace radio "$examples/radio-broken.json"
 status_is 1
