@@ -1,5 +1,5 @@
 # What must be there from outside: jansson's header for the library; jansson, CLI11, {fmt} and RapidJSON for the
-# development host; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same
+# development host, and cpp-httplib and CodeMirror for its server and page; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same
 # machine and with the same flags as the tests, or else an installed one. The benchmarks take callgrind's header, and
 # the other libraries that they compare with where these are.
 
@@ -7,6 +7,8 @@ find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp)
 find_path(FMT_INCLUDE_DIR fmt/color.h)
+find_path(CODEMIRROR_DIR lib/codemirror.js PATHS /usr/share/javascript/codemirror NO_DEFAULT_PATH
+                                                 NO_CMAKE_FIND_ROOT_PATH)
 find_path(CALLGRIND_INCLUDE_DIR valgrind/callgrind.h)
 find_path(CJSON_INCLUDE_DIR cjson/cJSON.h)
 find_library(CJSON_LIBRARY cjson)
@@ -25,6 +27,15 @@ if(JANSSON_LIBRARY AND CLI11_INCLUDE_DIR AND FMT_INCLUDE_DIR AND RAPIDJSON_INCLU
     set(KELMORA_HAVE_HOST_DEPENDENCIES ON)
 else()
     message(WARNING "jansson, CLI11, {fmt} or RapidJSON not found: the development host and the tests are left out")
+endif()
+
+# The HTTP library's options change its types, so they must be those that it was built with.
+find_package(PkgConfig QUIET)
+if(PkgConfig_FOUND AND NOT CMAKE_CROSSCOMPILING)
+    pkg_check_modules(HTTPLIB QUIET IMPORTED_TARGET cpp-httplib)
+endif()
+if(NOT TARGET PkgConfig::HTTPLIB AND NOT CMAKE_CROSSCOMPILING)
+    message(WARNING "cpp-httplib or pkg-config not found: kelmora-host is without its server")
 endif()
 
 set(KELMORA_HAVE_TEST_DEPENDENCIES OFF)

@@ -4,6 +4,7 @@
 #include "host/cli/diagnostics.h"
 #include "host/cli/pretty.h"
 #include "host/cli/report.h"
+#include "host/cli/serve.h"
 #include "host/cli/style.h"
 #include "host/cli/usage.h"
 #include "host/contract/listing.h"
@@ -37,6 +38,7 @@ constexpr const char *footer = R"(Examples:
   kelmora-host describe radio
   kelmora-host describe --key ssid
   kelmora-host schema radio --direction input
+  kelmora-host serve --port 8098
 
 Exit status:
   0  done; of check: the documents are accepted, and nothing of them is lost
@@ -44,7 +46,7 @@ Exit status:
   2  the command line is wrong: no such resource, record, command or option
   3  of check: the documents are accepted, and something is lost
   4  the environment fails: the plug-in does not load, a file cannot be read,
-     the output cannot be written)";
+     the output cannot be written, the port is in use)";
 
 constexpr const char *show_footer =
     R"(Some documents are always arrays, also with --id: those of action,
@@ -55,6 +57,11 @@ backup_restore is no JSON: its 8 bytes are printed in hexadecimal.)";
 constexpr const char *check_footer =
     R"(Findings have codes: cut, wrapped, wrong-type, unknown, read-only, ignored,
 repeated, empty, not-an-object, entries. Notes do not change the exit status.)";
+
+constexpr const char *serve_footer =
+    R"(DIR/RESOURCE/ID.json is read into the record of that id, or into a new one; in
+an ID a slash is %2F. What of it is lost or rejected is told as check tells it.
+Only this machine can ask, and of other sites' pages those of ORIGIN.)";
 
 constexpr const char *schema_footer =
     R"(Directions:
@@ -71,6 +78,7 @@ struct Arguments {
     std::optional<std::string> key;
     std::optional<std::string> direction;
     std::optional<std::string> folder;
+    ServeArguments serve;
     std::string file = "-";
     std::vector<std::string> files{"-"}; ///< of the command that takes several
     bool json = false;
@@ -90,7 +98,7 @@ struct CommandLine {
     CommandLine()
     {
         app.require_subcommand(1);
-        for (CLI::App *command : {list, show, check, attempt, trace, describe, schema, types}) {
+        for (CLI::App *command : {list, show, check, attempt, trace, describe, schema, types, serve}) {
             command->fallthrough(); // options of the whole program may stand behind the command, too
             command->group("Commands");
         }
@@ -146,6 +154,15 @@ struct CommandLine {
             ->excludes(resource)
             ->excludes(direction);
         schema->footer(schema_footer);
+
+        serve->add_option("--port", given.serve.port, "The port, 8098 by default; 0 for any that is free")
+            ->type_name("PORT")
+            ->check(CLI::Range(0, 65535));
+        serve->add_option("--state", given.serve.state, "A folder of documents to begin with, over the samples")
+            ->type_name("DIR");
+        serve->add_option("--cors-origin", given.serve.cors_origin, "Pages of this origin may ask as well")
+            ->type_name("ORIGIN");
+        serve->footer(serve_footer);
     }
 
     void add_file(CLI::App *command)
@@ -186,6 +203,7 @@ struct CommandLine {
     CLI::App *describe = app.add_subcommand("describe", "Tell what a resource writes and takes, key by key");
     CLI::App *schema = app.add_subcommand("schema", "Print a resource's JSON Schema");
     CLI::App *types = app.add_subcommand("types", "Print the TypeScript types of all resources");
+    CLI::App *serve = app.add_subcommand("serve", "Serve the sample gateway over HTTP, with a page for it");
 };
 
 Plugin load_plugin(const Arguments &given)
@@ -341,6 +359,12 @@ void run_describe(const CommandLine &line, std::ostream &out)
     out << describe(resource, given.json, style);
 }
 
+void run_serve(const Arguments &given, std::ostream &out, std::ostream &err)
+{
+    load_plugin(given);
+    serve(given.serve, out, err);
+}
+
 void run_types(const Arguments &given, std::ostream &out)
 {
     load_plugin(given);
@@ -379,6 +403,8 @@ void check_paths(const CommandLine &line)
         throw Failure(Status::usage, "the PATH of --plugin is empty" + see_help());
     if (line.given.folder && line.given.folder->empty())
         throw Failure(Status::usage, "the DIR of --all is empty" + see_help(line.schema));
+    if (line.given.serve.state && line.given.serve.state->empty())
+        throw Failure(Status::usage, "the DIR of --state is empty" + see_help(line.serve));
     const std::vector<std::string> &files = line.given.files;
     if (line.given.file.empty() || std::ranges::find(files, "") != files.end())
         throw Failure(Status::usage, "the name of the FILE is empty" + see_help(line.app.get_subcommands().front()));
@@ -408,6 +434,8 @@ Status dispatch(int argc, const char *const *argv, std::ostream &out, std::ostre
         run_schema(line, out);
     else if (line.types->parsed())
         run_types(line.given, out);
+    else if (line.serve->parsed())
+        run_serve(line.given, out, err);
     else if (line.show->parsed())
         run_show(line.given, out, err);
     else

@@ -9,6 +9,7 @@
 #include "host/contract/syntax.h"
 #include "host/contract/trace_json.h"
 #include "host/contract/typescript.h"
+#include "host/hexadecimal.h"
 #include "host/json.h"
 #include "host/names.h"
 #include "host/plugin/translate.h"
@@ -66,16 +67,6 @@ const Registration &translators_of(const Resource &resource)
     if (registration == nullptr)
         throw Failure(Status::environment, std::string(resource.name) + ": the plug-in registered no translators");
     return *registration;
-}
-
-/// "00 7f ..." of the bytes.
-std::string hexadecimal(const std::string &bytes)
-{
-    std::ostringstream text;
-    text << std::hex << std::setfill('0');
-    for (const char byte : bytes)
-        text << (text.tellp() > 0 ? " " : "") << std::setw(2) << +static_cast<unsigned char>(byte);
-    return text.str();
 }
 
 } // namespace
@@ -184,7 +175,7 @@ std::string show(const Resource &resource, std::vector<Node> &nodes, bool as_lis
     const bool raw = is_raw(resource) && resource.directions != Directions::from_only;
     const Encoded answer = to_json(translators_of(resource).to, nodes, as_list, raw ? raw_size : 0);
     if (answer.result == 1)
-        return raw ? hexadecimal(answer.text) : answer.text;
+        return raw ? hexadecimal(answer.text, " ") : answer.text;
     throw Failure(Status::rejected, std::string(resource.name) + ": the plug-in could not write it, out of memory");
 }
 

@@ -1,6 +1,9 @@
 #include "host/contract/listing.h"
 
 #include "host/contract/learn_output.h"
+#include "host/names.h"
+
+#include <fmt/format.h>
 
 namespace kelmora_host {
 
@@ -25,6 +28,15 @@ std::vector<Resource> registered(std::string_view group)
             found.push_back(resource);
     }
     return found;
+}
+
+std::string no_such_resource(std::string_view name)
+{
+    std::vector<std::string> names;
+    for (const Resource &resource : resources())
+        names.emplace_back(resource.name);
+    const std::vector<std::string> similar = similar_names(name, names);
+    return fmt::format("no resource \"{}\"{}", name, similar.empty() ? "" : "; similar: " + enumeration(similar));
 }
 
 std::optional<RootShape> root_of(const Resource &resource, const Registration &translators)

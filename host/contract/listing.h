@@ -21,6 +21,9 @@ namespace kelmora_host {
 /// The resources of a group, or of all of them when it is empty, whose translators are registered.
 [[nodiscard]] std::vector<Resource> registered(std::string_view group);
 
+/// "no resource "raido"; similar: radio": of a name that no resource has.
+[[nodiscard]] std::string no_such_resource(std::string_view name);
+
 /// Of what it writes; nothing where that is no JSON.
 [[nodiscard]] std::optional<RootShape> root_of(const Resource &resource, const Registration &translators);
 

@@ -1,5 +1,7 @@
 #include "host/contract/trace_json.h"
 
+#include "host/hexadecimal.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 
@@ -115,14 +117,6 @@ std::vector<std::string_view> read_as(const Step &step)
     if (names.empty() && !step.stored.empty())
         names.emplace_back("boolean");
     return names;
-}
-
-std::string hexadecimal(std::string_view bytes)
-{
-    std::string text;
-    for (const char byte : bytes)
-        text += fmt::format("{:02x}", static_cast<unsigned char>(byte));
-    return text;
 }
 
 Json steps_as_json(const Trace &trace, std::string_view file, std::string_view resource)

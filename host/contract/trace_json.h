@@ -16,9 +16,6 @@ namespace kelmora_host {
 /// As what a step's value was read; one that was not read at all, but stored, as a boolean.
 [[nodiscard]] std::vector<std::string_view> read_as(const Step &step);
 
-/// "007f..." of the bytes.
-[[nodiscard]] std::string hexadecimal(std::string_view bytes);
-
 /// A trace as a JSON object. file: what the document is called; empty when it has no name.
 [[nodiscard]] Json steps_as_json(const Trace &trace, std::string_view file, std::string_view resource);
 

@@ -17,10 +17,16 @@ public:
     /// The nodes of a resource, in order; none for a resource that this gateway does not have.
     [[nodiscard]] const std::vector<Node> &nodes(std::string_view resource) const;
 
+    /// The same, to change them.
+    [[nodiscard]] std::vector<Node> &nodes(std::string_view resource)
+    {
+        return nodes_.try_emplace(std::string(resource)).first->second;
+    }
+
     /// Adds a node. Its chains and texts, from malloc, become the gateway's.
     template <class T> void add(std::string_view resource, std::string_view id, const T &record)
     {
-        nodes_.try_emplace(std::string(resource)).first->second.emplace_back(id, Record(record));
+        nodes(resource).emplace_back(id, Record(record));
     }
 
 private:

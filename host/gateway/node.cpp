@@ -11,7 +11,7 @@ static_assert(KELMORA_HOST_PRIVATE_POINTERS > 0, "this host keeps a pointer to i
 
 Node::Node(std::string_view id, Record record) : record_(std::move(record))
 {
-    id.copy(header_.id, sizeof header_.id - 1);
+    id.copy(header_.id, longest_id);
     point_header_here();
 }
 

@@ -14,7 +14,10 @@ namespace kelmora_host {
 /// A record with its resource node, as the host keeps it. Copies are deep, linked to nothing, and miss nothing.
 class Node {
 public:
-    /// id: cut to 128 bytes.
+    /// Bytes of an id.
+    static constexpr std::size_t longest_id = sizeof kelmora_resource::id - 1;
+
+    /// id: cut to the longest.
     Node(std::string_view id, Record record);
     Node(const Node &other);
     Node(Node &&other) noexcept;
