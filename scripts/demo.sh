@@ -59,3 +59,5 @@ step "A document that is accepted, but not as it was meant: what is lost, and wh
     'examples/wireless-lossy.json:5:13: warning: /ssid: 47 bytes sent, 32 kept [cut]'
 step "The same document as the plug-in sees it, step by step:" \
     "kelmora-host trace wireless examples/wireless-lossy.json" 0 '/crypto'
+
+printf '\nA gateway in the browser, over HTTP:\n$ build/release/kelmora-host serve\n'

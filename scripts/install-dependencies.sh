@@ -19,6 +19,9 @@ library     libjansson-dev      jansson.h
 host        libcli11-dev        CLI/CLI.hpp
 host        libfmt-dev          fmt/color.h
 host        rapidjson-dev       rapidjson/document.h
+host        libcpp-httplib-dev  httplib.h
+host        pkg-config          pkg-config
+host        libjs-codemirror    -
 test        googletest          gmock/gmock.h
 test        ccache              ccache
 test        pkg-config          pkg-config

@@ -110,7 +110,10 @@ public:
     void end_head() { in_head_ = false; }
 
     /// Whether the request's head is longer than it may be.
-    [[nodiscard]] bool head_too_long() const { return head_left_ == 0; }
+    [[nodiscard]] bool head_too_long() const { return in_head_ && head_left_ == 0; }
+
+    /// Whether the request did not come in time.
+    [[nodiscard]] bool too_late() const { return Clock::now() >= deadline_; }
 
     /// Sends what was written; false when it could not be.
     bool flush()
@@ -240,11 +243,10 @@ public:
         connection_.begin_request();
         bool last = false;
         bool processed = process_request(connection_, false, last, [this](httplib::Request &head) { take(head); });
-        if (connection_.head_too_long()) {
-            connection_.write(head_too_long, std::strlen(head_too_long));
-            status_ = 431;
-            body_left_ = true;
-        }
+        if (connection_.head_too_long())
+            give_up(431);
+        else if (status_ == 0 && connection_.too_late())
+            give_up(408);
         processed = connection_.flush() && processed;
         if (status_ != 0)
             log_.line(fmt::format("{} {} {} {} ms", request_.method.empty() ? "-" : request_.method,
@@ -259,8 +261,15 @@ private:
     /// What all requests are for, as far as the library's own routing is concerned.
     static constexpr const char *the_path = "/";
 
-    static constexpr const char *head_too_long = "HTTP/1.1 431 Request Header Fields Too Large\r\n"
-                                                 "Connection: close\r\nContent-Length: 0\r\n\r\n";
+    /// Answers a request whose head was not read to its end.
+    void give_up(int status)
+    {
+        const std::string answer =
+            fmt::format("HTTP/1.1 {} {}\r\nConnection: close\r\nContent-Length: 0\r\n\r\n", status, reason_of(status));
+        connection_.write(answer.data(), answer.size());
+        status_ = status;
+        body_left_ = true;
+    }
 
     static void fill(httplib::Response &response, Answer answer)
     {
@@ -337,7 +346,9 @@ private:
         if (too_long)
             fill(response, api_.finished(problem(413, "the body is too long"), request_));
         else if (!whole)
-            fill(response, api_.finished(problem(400, "the body did not come, or not in time"), request_));
+            fill(response, connection_.too_late()
+                               ? api_.finished(problem(408, "the body did not come in time"), request_)
+                               : api_.finished(problem(400, "the body is not as its headers say"), request_));
         else
             fill(response, api_.answer(request_));
     }

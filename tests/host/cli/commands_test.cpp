@@ -1,6 +1,7 @@
 #include "host/cli/commands.h"
 
 #include "host/cli/diagnostics.h"
+#include "host/contract/listing.h"
 #include "host/json.h"
 #include "kelmora_json.h"
 #include "kelmora_records.h"

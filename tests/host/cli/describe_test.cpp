@@ -113,25 +113,6 @@ TEST(FindKey, FindsKeysOfTheNameElseThoseThatHaveIt)
     EXPECT_EQ(find_key(contracts, "system", plain), "");
 }
 
-TEST(FindKey, IsAnArrayForPrograms)
-{
-    const std::vector<Contract> contracts{{&radio, Input{{power()}}, writing({uptime()})}};
-    EXPECT_EQ(find_key_as_json(contracts, "power"),
-              R"([{"resource": "radio", "direction": "input", "path": "/power", "type": "integer", )"
-              R"("range": "0..255", "meaning": "transmit power"}])"
-              "\n");
-    EXPECT_EQ(find_key_as_json(contracts, "voltage"), "");
-}
-
-TEST(ShapeOf, SaysWhatTheDocumentIs)
-{
-    EXPECT_EQ(shape_of(radio, RootShape::by_list_flag), "list or object");
-    EXPECT_EQ(shape_of(radio, RootShape::array), "always a list");
-    EXPECT_EQ(shape_of(radio, RootShape::object), "always an object");
-    EXPECT_EQ(shape_of(telnet, std::nullopt), "an object");
-    EXPECT_EQ(shape_of(raw, std::nullopt), "8 raw bytes");
-}
-
 } // namespace
 
 } // namespace kelmora_host
