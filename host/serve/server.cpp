@@ -109,6 +109,9 @@ public:
 
     void end_head() { in_head_ = false; }
 
+    /// Forgets what was written and not sent.
+    void take_back() { output_.clear(); }
+
     /// Whether the request's head is longer than it may be.
     [[nodiscard]] bool head_too_long() const { return in_head_ && head_left_ == 0; }
 
@@ -239,14 +242,16 @@ public:
         request_ = {};
         refusal_.reset();
         body_left_ = false;
+        head_read_ = false;
         status_ = 0;
         connection_.begin_request();
         bool last = false;
         bool processed = process_request(connection_, false, last, [this](httplib::Request &head) { take(head); });
-        if (connection_.head_too_long())
+        if (!head_read_ && connection_.head_too_long())
             give_up(431);
-        else if (status_ == 0 && connection_.too_late())
+        else if (!head_read_ && connection_.too_late())
             give_up(408);
+        body_left_ = body_left_ || !head_read_; // what comes next is anything but a request
         processed = connection_.flush() && processed;
         if (status_ != 0)
             log_.line(fmt::format("{} {} {} {} ms", request_.method.empty() ? "-" : request_.method,
@@ -266,9 +271,9 @@ private:
     {
         const std::string answer =
             fmt::format("HTTP/1.1 {} {}\r\nConnection: close\r\nContent-Length: 0\r\n\r\n", status, reason_of(status));
+        connection_.take_back();
         connection_.write(answer.data(), answer.size());
         status_ = status;
-        body_left_ = true;
     }
 
     static void fill(httplib::Response &response, Answer answer)
@@ -286,6 +291,7 @@ private:
     void take(httplib::Request &head)
     {
         connection_.end_head();
+        head_read_ = true;
         request_.method = head.method;
         request_.target = head.target;
         for (const auto &[name, value] : head.headers)
@@ -358,6 +364,7 @@ private:
     Log &log_;
     kelmora_host::Request request_;
     std::optional<Answer> refusal_;
+    bool head_read_ = false;
     bool has_body_ = false;
     bool body_left_ = false; ///< the client may be sending it yet
     int status_ = 0;

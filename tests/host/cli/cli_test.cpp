@@ -98,7 +98,7 @@ TEST(CommandLine, EndsWithStatus2WhenItIsWrong)
         return Ending{2, "", "kelmora-host: error: " + message + "\n"};
     };
     EXPECT_EQ(run_with({}), usage_error("a command is missing; the commands are list, show, check, try, trace, "
-                                        "describe, schema and types; see kelmora-host --help"));
+                                        "describe, schema, types and serve; see kelmora-host --help"));
     EXPECT_EQ(run_with({"lst"}), usage_error("no command \"lst\"; similar: list; see kelmora-host --help"));
     EXPECT_EQ(run_with({"show"}), usage_error("RESOURCE is missing; see kelmora-host show --help"));
     EXPECT_EQ(run_with({"show", "radio", "--jsn"}),
