@@ -429,10 +429,10 @@ err_has "$work/controller.json:1:78: note: /mtp: 2 entries were there, 1 came, 3
 # ---- the command line is wrong
 
 try
-fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try, trace, describe, schema and types; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try, trace, describe, schema, types and serve; see kelmora-host --help'
 
 try get radio
-fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try, trace, describe, schema and types; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try, trace, describe, schema, types and serve; see kelmora-host --help'
 
 try lst
 fails_with 2 'kelmora-host: error: no command "lst"; similar: list; see kelmora-host --help'
