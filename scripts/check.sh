@@ -66,9 +66,10 @@ if can_sanitize; then
         "sh scripts/build.sh asan"
     tests asan asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer"
     stage fuzz run asan "fuzzing, 30 seconds each" "sh scripts/fuzz.sh 30"
-    stage tsan build - "building the soak with ThreadSanitizer, with clang" "sh scripts/build.sh tsan kelmora-soak"
-    stage tsan-soak run tsan "all resources at once in eight threads, with ThreadSanitizer" \
-        "ctest --preset tsan -R '^soak\$'"
+    stage tsan build - "building the soak and the server with ThreadSanitizer, with clang" \
+        "sh scripts/build.sh tsan kelmora-soak kelmora_json kelmora-host"
+    stage tsan-tests run tsan "all resources at once in eight threads, and the server, with ThreadSanitizer" \
+        "ctest --preset tsan -R '^(soak|serve)\$'"
 else
     leave_out "the tests with sanitizers"
 fi
