@@ -84,7 +84,7 @@ export async function find(main, { q }) {
       h("div", { class: "groups" }, grouped(resources).map(([group, those]) => h("section", {},
         h("h2", {}, groupName(group), h("span", { class: "faint" }, ` ${those.length}`)),
         h("ul", {}, those.map((each) => h("li", {}, resourceLink(each), each.records > 1 ?
-          h("span", { class: "count", title: counted(each.records, "record") }, `${each.records}`) : null)))))));
+          h("span", { class: "count", title: counted(each.records, "record") }, `${each.records}`, h("span", { class: "hidden" }, " records")) : null)))))));
     return;
   }
   const found = search(resources, merged(await api.keys()), words);

@@ -1,6 +1,8 @@
 // What belongs together: a word of the document, a step of the plug-in's, bytes of the record, a line of what is shown
 // of it afterwards. The trace ties the first three; the fields that both directions of the contract name tie the last.
 
+import { generic } from "./json.js";
+
 const numbersOf = (text) => [...text.matchAll(/(?:\/|\[)(\d+)(?=\]|\/|$)/g)].map((match) => match[1]);
 const genericField = (path) => path.replace(/\[\d+\]/g, "[]");
 
@@ -16,8 +18,6 @@ function concrete(pattern, mark, numbers, wrap) {
 
 const pointerOf = (path, numbers) => concrete(path, "*", numbers, (number) => number);
 const fieldOf = (path, numbers) => concrete(path, "[]", numbers, (number) => `[${number}]`);
-
-const genericPointer = (pointer) => pointer.replace(/\/\d+(?=\/|$)/g, "/*");
 
 /** Ties between pointers of what is sent and of what is shown, by the fields behind them. */
 export class Ties {
@@ -37,7 +37,7 @@ export class Ties {
   }
 
   #across(pointer, own, other, byField) {
-    const path = genericPointer(pointer);
+    const path = generic(pointer);
     if (other.has(path))
       return pointer;
     for (const field of own.get(path)?.fields ?? []) {
@@ -62,7 +62,7 @@ export class Ties {
 
   /** The fields that are shown at a pointer. */
   fieldsShown(pointer) {
-    return (this.outputs.get(genericPointer(pointer))?.fields ?? [])
+    return (this.outputs.get(generic(pointer))?.fields ?? [])
       .map((field) => fieldOf(field.path, numbersOf(pointer))).filter(Boolean);
   }
 }

@@ -1,10 +1,10 @@
 // The records as they are.
 
 import { h, put, counted } from "./dom.js";
-import { parse, linesOf } from "./json.js";
+import { parse, linesOf, generic } from "./json.js";
 import { meaningOf } from "./contract.js";
 import { drawMesh } from "./mesh.js";
-import { secretsOf, secretsShown, COVER, onSecrets } from "./secrets.js";
+import { secretsOf, COVER, onSecrets } from "./secrets.js";
 import * as api from "./api.js";
 
 const FORMS = { pretty: "Pretty", text: "Exact text", bytes: "Bytes" };
@@ -25,9 +25,9 @@ export function recordOf(document) {
 function prettyView(document, meanings, secrets) {
   const shown = (value) => (secrets.covers(value) ? JSON.stringify(COVER) : value.raw);
   return h("div", { class: "json" }, linesOf(document.root, shown).map(({ depth, value, parts, closes }) =>
-    h("div", { class: `line depth${Math.min(depth, 9)}` }, h("code", {}, lineParts(parts)),
-      !closes && meanings.has(value.pointer.replace(/\/\d+(?=\/|$)/g, "/*")) ?
-        h("span", { class: "note" }, meanings.get(value.pointer.replace(/\/\d+(?=\/|$)/g, "/*"))) : null)));
+    h("div", { class: "line" }, h("code", { class: `depth${Math.min(depth, 9)}` }, lineParts(parts)),
+      !closes && meanings.has(generic(value.pointer)) ?
+        h("span", { class: "note" }, meanings.get(generic(value.pointer))) : null)));
 }
 
 /** The parts of a text: those that are covered are true. */
@@ -121,7 +121,7 @@ export async function look(main, name, { id, form = "pretty" }, go) {
           resource.directions === "both" && contract.input ? h("a", { href: `#/${name}/try?id=${encodeURIComponent(title)}` }, "Try",
             h("span", { class: "hidden" }, ` ${title}`)) : null,
           raw ? null : copyButton(answer.text)),
-        name === "easymesh" && form === "pretty" && secretsShown() !== undefined ? drawMesh(record.root, title) : null,
+        name === "easymesh" && form === "pretty" ? drawMesh(record.root, title) : null,
         h("div", { class: "scroll", tabindex: 0, role: "region", "aria-label": `${title} as ${FORMS[form].toLowerCase()}` }, view));
     }));
   };

@@ -72,7 +72,7 @@ function drawing(root, name, narrow) {
   svg("text", { x: 12, y: 39 }, short([node.model, node.address].filter(Boolean).join("  "), 27)),
   svg("text", { x: 12, y: 56 }, node.offline ? "offline" : node.link)));
   return svg("svg", { role: "img", "aria-label": `Mesh of ${name}: ${inWords(root)}`, viewBox: `0 0 ${width} ${height}`, width, height },
-    links, boxes);
+    links.filter((each) => each.matches(".offline")), links.filter((each) => !each.matches(".offline")), boxes);
 }
 
 /** A drawing of the record's neighbours, which fits itself to the room that it has. */

@@ -167,7 +167,7 @@ export class RecordMap {
       const to = Math.min(end, span.offset + span.size);
       const hex = [];
       for (let i = from; i < to; ++i) {
-        const text = span.secret && bytes[i] !== 0 ? SECRET_BYTE : bytes[i].toString(16).padStart(2, "0");
+        const text = span.secret ? SECRET_BYTE : bytes[i].toString(16).padStart(2, "0");
         hex.push(h("span", { class: changed(i) ? "byte changed" : bytes[i] === 0 ? "byte zero" : "byte" }, text));
       }
       const first = span.first;

@@ -27,22 +27,37 @@ const childrenOf = (keys, path) => keys.filter((key) =>
 /** A document to begin with: what the record shows of the keys that are taken, and what else is required. */
 export function firstDocument(contract, record, ties) {
   const { keys } = contract.input;
+  // Whether a condition of a key's holds; one of the record's own fields is taken to.
+  const holds = (condition, place) => {
+    const numbers = place.match(/(?<=\/)\d+(?=\/|$)/g) ?? [];
+    const path = (condition.path ?? "").replace(/\*/g, () => numbers.shift() ?? "0");
+    const value = record?.get(ties.shownOf(path) ?? path);
+    if ("field" in condition)
+      return true;
+    if (!condition.values?.length)
+      return value !== undefined;
+    const is = condition.values.some((each) => JSON.stringify(each) === value?.raw);
+    return condition.except ? !is : is;
+  };
   const build = (path, pointer, depth) => {
     const members = [];
     for (const key of childrenOf(keys, path)) {
       const name = lastOf(key.path);
       const place = `${pointer}${key.path.slice(path.length)}`;
       const there = record?.get(ties.shownOf(place) ?? place);
-      const text = key.refused ? null : valueOf(key, place, there, depth + 1);
+      const seen = !key.looked_at_when || key.looked_at_when.some((condition) => holds(condition, place));
+      const text = key.refused || !seen ? null : valueOf(key, place, there, depth + 1);
       if (text !== null)
         members.push(`${"  ".repeat(depth + 1)}${JSON.stringify(name)}: ${text}`);
     }
     return members.length === 0 ? "{}" : `{\n${members.join(",\n")}\n${"  ".repeat(depth)}}`;
   };
   const valueOf = (key, pointer, there, depth) => {
-    const needed = key.required || (key.required_when && !there);
+    const needed = key.required || key.required_when?.some((condition) => holds(condition, pointer));
     if (!there && !needed)
       return null;
+    if (key.type === "text" && there?.type === "string" && /^[[{]/.test(there.value) && parse(there.value).root?.closed)
+      return there.value;
     if (key.type === "object" || (key.type === "text" && there?.type === "object"))
       return childrenOf(keys, key.path).length !== 0 ? build(key.path, pointer, depth) : there ? pretty(there) : "{}";
     if (key.type === "array") {
@@ -318,8 +333,7 @@ class Trial {
       const value = this.sent?.get(step.pointer);
       const secret = value && this.secrets.covers(value);
       const covered = secret ? JSON.stringify(COVER) : "";
-      const text = !step.found ? "absent" : step.value === undefined ? (step.read_as[0] ?? "") :
-        covered || (value?.raw ?? JSON.stringify(step.value));
+      const text = !step.found ? "absent" : !value ? "" : covered || (value.raw ?? (value.type === "array" ? "[\u2026]" : "{\u2026}"));
       const stored = step.stored.map((each) => h("span", { class: "stored" },
         h("span", { class: "arrow" }, "\u2192 "), namesake(each.field, step.pointer) ? null : h("span", { class: "field" }, `${each.field} `),
         h("span", { class: "faint" }, `@${each.offset}+${each.size} `),
@@ -411,7 +425,8 @@ class Trial {
 }
 
 /** Whether a field's name says nothing that the key does not say. */
-const namesake = (field, pointer) => field.replace(/\[(\d+)\]/g, ".$1") === pointer.slice(1).replaceAll("/", ".");
+const namesake = (field, pointer) => field === lastOf(pointer) ||
+  field.replace(/\[(\d+)\]/g, ".$1") === pointer.slice(1).replaceAll("/", ".");
 
 const hexOf = (hex) => {
   const bytes = hex.match(/../g) ?? [];
