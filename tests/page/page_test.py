@@ -70,6 +70,7 @@ class Page:
         options.set_capability("goog:loggingPrefs", {"browser": "ALL", "performance": "ALL"})
         self.driver = webdriver.Chrome(service=Service("/usr/bin/chromedriver"), options=options)
         self.driver.set_script_timeout(60)
+        self.driver.set_page_load_timeout(30)
         self.command("Browser.grantPermissions", origin=base, permissions=["clipboardReadWrite", "clipboardSanitizedWrite"])
         self.look()
 

@@ -216,7 +216,11 @@ class Trial {
   }
 
   async trace(number, text, signal) {
+    this.traced = null;
+    this.after = null;
     try {
+      if (this.answer.errors.some((error) => error.detail)) // it is no document: there are no steps
+        throw new api.Refusal(422, {});
       const answer = parse(await api.trace(this.name, this.id, text, signal));
       if (number !== this.asked)
         return;
@@ -227,8 +231,6 @@ class Trial {
     } catch (error) {
       if (error.name === "AbortError" || number !== this.asked)
         return;
-      this.traced = null;
-      this.after = null;
     }
     this.drawTrace();
     this.status.dataset.traced = number;
