@@ -54,6 +54,12 @@ if ! can tsc || ! /usr/bin/python3 -c 'import jinja2, jsonschema' 2>/dev/null; t
     leave_out "the tests of schemas, types and reference"
 fi
 
+if can chromium chromedriver && /usr/bin/python3 -c 'import selenium' 2>/dev/null; then
+    stage page run release "the page, in Chromium" "/usr/bin/python3 -B tests/page/page_test.py build/release/kelmora-host"
+else
+    leave_out "the tests of the page"
+fi
+
 if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt ]; then
     stage mips build - "building for MIPS" "sh scripts/build-mips-sysroot.sh && sh scripts/build.sh mips"
     tests mips mips "tests on MIPS, under qemu-mips"
@@ -137,7 +143,7 @@ while :; do
     0)
         touch "$work/$name.passed"
         printf '[%s] passed: %s, %d s\n' "$(clock)" "$title" "$seconds"
-        grep -E 'tests passed|Total Test time|^lint:|^stat::|DONE' "$work/$name.log" | sed 's/^/        /'
+        grep -E 'tests passed|passed, [0-9]+ failed|Total Test time|^lint:|^stat::|DONE' "$work/$name.log" | sed 's/^/        /'
         printf '%6d s  %s\n' "$seconds" "$title" >>"$work/times"
         ;;
     77)

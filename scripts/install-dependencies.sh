@@ -46,6 +46,9 @@ bench       valgrind            valgrind
 bench       libbenchmark-dev    benchmark/benchmark.h
 docs        python3             python3
 docs        python3-jinja2      -
+browser     chromium            chromium
+browser     chromium-driver     chromedriver
+browser     python3-selenium    -
 libraries   libcjson-dev        cjson/cJSON.h
 libraries   libjson-c-dev       json-c/json.h
 libraries   rapidjson-dev       rapidjson/document.h

@@ -11,6 +11,9 @@ const bytesOf = (hex) => Uint8Array.from({ length: hex.length / 2 }, (_, i) => p
 /** The fields of a block in the order of their bytes, with gaps between them as fields without a name. */
 function spansOf(block) {
   const size = block.bytes.length / 2;
+  // A string that hangs on the record has no fields: it is one.
+  if (block.fields.length === 0)
+    return [{ name: block.path, type: `char[${size}]`, offset: 0, size, whole: true }];
   const fields = [...block.fields].sort((a, b) => a.offset - b.offset || b.size - a.size);
   const spans = [];
   let at = 0;
@@ -32,7 +35,7 @@ function spansOf(block) {
 }
 
 /** The name of a place in a block, from the record on. */
-export const fullName = (block, field) => (block.path && field.name ? `${block.path}.${field.name}` : block.path || field.name);
+export const fullName = (block, field) => (field.whole ? block.path : block.path && field.name ? `${block.path}.${field.name}` : block.path || field.name);
 
 function valueOf(bytes, span) {
   const own = bytes.subarray(span.offset, span.offset + span.size);

@@ -283,6 +283,15 @@ class Trial {
     this.light();
   }
 
+  /** Whether a string is what an object or list of the document was written to. */
+  written(sent, value) {
+    try {
+      return JSON.stringify(JSON.parse(value.value)) === JSON.stringify(JSON.parse(this.sent.text.slice(sent.start, sent.end)));
+    } catch {
+      return false;
+    }
+  }
+
   /** What a line of the record says beyond its value: what it was, and what was sent in its place. */
   difference(value) {
     if (value.raw === undefined)
@@ -291,7 +300,7 @@ class Trial {
     const old = this.before?.get(value.pointer);
     const sentPointer = this.ties.sentOf(value.pointer);
     const sent = sentPointer === null ? null : this.sent?.get(sentPointer);
-    const lost = sent && !same(sent, value);
+    const lost = sent && !same(sent, value) && !(sent.raw === undefined && this.written(sent, value));
     const changed = this.before && (!old || !same(old, value));
     if (lost)
       return { kind: "differs", sign: "\u2260", note: `sent ${words(sent)}` };
