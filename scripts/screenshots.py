@@ -42,11 +42,14 @@ def rows_of(png):
 
 
 def with_palette(png):
-    """The picture with its 256 most frequent colours, and others as the nearest of these: a third of the bytes."""
+    """The picture with 256 colours, the most frequent ones of groups of similar ones: a third of the bytes."""
     width, rows = rows_of(png)
     pixels = [[bytes(row[i:i + 3]) for i in range(0, len(row), 3)] for row in rows]
     count = collections.Counter(pixel for row in pixels for pixel in row)
-    palette = [colour for colour, _ in count.most_common(256)]
+    groups = {}
+    for colour, _ in count.most_common():
+        groups.setdefault(tuple(part >> 4 for part in colour), colour)
+    palette = list(groups.values())[:256]
     nearest = {colour: i for i, colour in enumerate(palette)}
     for colour in count:
         if colour not in nearest:

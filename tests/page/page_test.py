@@ -16,6 +16,7 @@ import signal
 import statistics
 import subprocess
 import sys
+import threading
 import time
 import traceback
 import urllib.error
@@ -48,12 +49,16 @@ def server(program):
             for line in process.stdout:
                 said += line
                 if match := re.search(r"http://127\.0\.0\.1:\d+", line):
+                    # It tells of each request, and would wait for a reader once the pipe is full.
+                    threading.Thread(target=process.stdout.read, daemon=True).start()
                     yield match[0]
                     break
             else:
-                sys.exit(f"page_test: {program} serve does not say where it listens: {said}")
+                print(f"page_test: {program} serve does not say where it listens: {said}", file=sys.stderr)
+                sys.exit(77 if "was built without" in said else 1)
         finally:
-            os.killpg(process.pid, signal.SIGINT)
+            with contextlib.suppress(ProcessLookupError):
+                os.killpg(process.pid, signal.SIGINT)
 
 
 class Page:
