@@ -156,7 +156,9 @@ export class RecordMap {
     const old = span.name && !added ? valueOf(before, span) : "";
     const values = secret ? "covered" : added || old === value ? value : `${old} \u2192 ${value}`;
     const place = span.size === 1 ? `byte ${span.offset}` : `bytes ${span.offset} to ${span.offset + span.size - 1}`;
-    const cell = { ...span, secret, tint: span.name ? `c${tint % 5}` : "gap", elements: [], first: true,
+    // Which bytes of a secret changed would tell its length.
+    const changed = bytes.subarray(span.offset, span.offset + span.size).some((byte, i) => byte !== before[span.offset + i]);
+    const cell = { ...span, secret, changed, tint: span.name ? `c${tint % 5}` : "gap", elements: [], first: true,
       field: span.name ? { block: block.path, offset: span.offset, size: span.size, name } : null,
       text: span.name ? `${name}, ${span.type}, ${place}${values ? `: ${values}` : ""}${span.meaning ? `; ${span.meaning}` : ""}` +
         `${span.others ? ` (or ${span.others.join(", ")})` : ""}` : `${place}: behind no key` };
@@ -171,7 +173,7 @@ export class RecordMap {
       const hex = [];
       for (let i = from; i < to; ++i) {
         const text = span.secret ? SECRET_BYTE : bytes[i].toString(16).padStart(2, "0");
-        hex.push(h("span", { class: changed(i) ? "byte changed" : bytes[i] === 0 ? "byte zero" : "byte" }, text));
+        hex.push(h("span", { class: (span.secret ? span.changed : changed(i)) ? "byte changed" : bytes[i] === 0 ? "byte zero" : "byte" }, text));
       }
       const first = span.first;
       span.first = false;
