@@ -441,7 +441,7 @@ void check_paths(const CommandLine &line)
         throw Failure(Status::usage, "the DIR of --all is empty" + see_help(line.schema));
     const std::vector<std::string> &suppliers = line.given.suppliers;
     if (line.given.examined == "" || std::ranges::find(suppliers, "") != suppliers.end())
-        throw Failure(Status::usage, "the PATH of a file is empty" + see_help(line.doctor));
+        throw Failure(Status::usage, "the name of a file is empty" + see_help(line.doctor));
     const std::vector<std::string> &files = line.given.files;
     if (line.given.file.empty() || std::ranges::find(files, "") != files.end())
         throw Failure(Status::usage, "the name of the FILE is empty" + see_help(line.app.get_subcommands().front()));

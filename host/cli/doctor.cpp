@@ -87,7 +87,7 @@ std::string binding_of(const ElfFile &object)
     const auto eager = std::ranges::count(object.imports, false, &ElfImport::lazy);
     if (object.binds_now)
         return "all imports when it is loaded";
-    return eager == 0 ? "each import at its first call" : fmt::format("{} imports when it is loaded", eager);
+    return eager == 0 ? "each import at its first call" : fmt::format("{} of the imports when it is loaded", eager);
 }
 
 std::string writable_of(const ElfFile &object)

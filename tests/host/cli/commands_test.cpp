@@ -371,8 +371,10 @@ TEST_F(Commands, DescribeAResource)
 TEST_F(Commands, DescribeAKeyWhereverItStands)
 {
     const std::string lines = describe_key("global_upload", false, Style(false));
-    EXPECT_THAT(lines, HasSubstr("qos output /global_upload: integer, -2147483648..2147483647; upstream rate of the line"));
-    EXPECT_THAT(lines, HasSubstr("qos input /global_upload: integer, -2147483648..2147483647; upstream rate of the line"));
+    EXPECT_THAT(lines,
+                HasSubstr("qos output /global_upload: integer, -2147483648..2147483647; upstream rate of the line"));
+    EXPECT_THAT(lines,
+                HasSubstr("qos input /global_upload: integer, -2147483648..2147483647; upstream rate of the line"));
     EXPECT_EQ(failure_of([] { (void)describe_key("global_uplaod", false, Style(false)); }),
               StatusAndLine(Status::usage, "kelmora-host: error: no resource has a key \"global_uplaod\"; similar: "
                                            "global_upload"));
