@@ -38,6 +38,7 @@ DESTDIR=$stage/root "$cmake" --install "$build" --prefix "$prefix" >"$stage/inst
 {
     (cd "$root/include" && find . -name '*.h') | sed "s|^\.|$includedir/kelmora_json|"
     cat <<EOT
+$includedir/kelmora_json/kelmora_layout.h
 $plugindir/libkelmora_json.so.$version
 $libdir/pkgconfig/kelmora_json.pc
 $libdir/cmake/kelmora_json/kelmora_json-config.cmake
