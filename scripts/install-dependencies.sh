@@ -19,6 +19,7 @@ library     libjansson-dev      jansson.h
 host        libcli11-dev        CLI/CLI.hpp
 host        libfmt-dev          fmt/color.h
 host        rapidjson-dev       rapidjson/document.h
+host        libelf-dev          gelf.h
 test        googletest          gmock/gmock.h
 test        ccache              ccache
 test        pkg-config          pkg-config
