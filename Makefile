@@ -60,7 +60,7 @@ mutation: ## makes small faults in the library, one at a time; 95 % must fail a 
 	$(call needs,host test)
 	@python3 -B scripts/mutate.py
 
-docs: ## the reference of all resources, in build/docs; after make mips with the target's offsets too
+docs: ## the reference of all resources, in build/docs
 	$(call needs,host docs)
 	@sh scripts/build.sh release kelmora_json kelmora-host
 	@sh scripts/make_docs.sh

@@ -1,7 +1,8 @@
 # What must be there from outside: jansson's header for the library; jansson, CLI11, {fmt} and RapidJSON for the
-# development host, and cpp-httplib and CodeMirror for its server and page; and GoogleTest for the tests: its source (Debian's package of it), so that it is built for the same
-# machine and with the same flags as the tests, or else an installed one. The benchmarks take callgrind's header, and
-# the other libraries that they compare with where these are.
+# development host, cpp-httplib and CodeMirror for its server and page, and libelf for its verb doctor; and GoogleTest for
+# the tests: its source (Debian's package of it), so that it is built for the same machine and with the same flags as the
+# tests, or else an installed one. The benchmarks take callgrind's header, and the other libraries that they compare with
+# where these are.
 
 find_path(JANSSON_INCLUDE_DIR jansson.h REQUIRED)
 find_library(JANSSON_LIBRARY jansson)
@@ -15,6 +16,8 @@ find_library(CJSON_LIBRARY cjson)
 find_path(JSON_C_INCLUDE_DIR json-c/json.h)
 find_library(JSON_C_LIBRARY json-c)
 find_path(RAPIDJSON_INCLUDE_DIR rapidjson/document.h)
+find_path(LIBELF_INCLUDE_DIR gelf.h)
+find_library(LIBELF_LIBRARY elf)
 find_path(NLOHMANN_JSON_INCLUDE_DIR nlohmann/json.hpp)
 find_path(GOOGLETEST_SOURCE_DIR googletest/CMakeLists.txt PATHS /usr/src/googletest NO_DEFAULT_PATH
                                                                 NO_CMAKE_FIND_ROOT_PATH)

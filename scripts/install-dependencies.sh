@@ -19,6 +19,7 @@ library     libjansson-dev      jansson.h
 host        libcli11-dev        CLI/CLI.hpp
 host        libfmt-dev          fmt/color.h
 host        rapidjson-dev       rapidjson/document.h
+host        libelf-dev          gelf.h
 host        libcpp-httplib-dev  httplib.h
 host        pkg-config          pkg-config
 host        libjs-codemirror    -

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Makes the reference of all resources: pages that open from disk, out of what the plug-in itself answers.
 
-make_docs.py KELMORA_HOST OUT [--mips-host "COMMAND"]
+make_docs.py KELMORA_HOST OUT
 
-KELMORA_HOST is asked for the contracts (describe --json), and for an example each way. With the target's program, and
-the emulator in front of it, the records are shown as they are laid out on both machines.
+KELMORA_HOST is asked for the contracts (describe --json), for an example each way, and for how the records are laid out
+on the machines that plug-ins are built for (layout --json).
 """
 
 import argparse
@@ -65,10 +65,11 @@ def ask(command, *arguments, text=None):
     return subprocess.run([*command, *map(str, arguments)], input=text, check=False, capture_output=True, text=True)
 
 
-def contract_of(command, name):
-    answer = ask(command, "describe", name, "--json")
+def told(command, *arguments):
+    """What a command tells as JSON."""
+    answer = ask(command, *arguments, "--json")
     if answer.returncode != 0:
-        sys.exit(f"{shlex.join(command)} describe {name} --json: {answer.stderr}")
+        sys.exit(f"{shlex.join([*command, *arguments])}: {answer.stderr}")
     return json.loads(answer.stdout)
 
 
@@ -235,21 +236,10 @@ def oddities_of(contract):
         yield NODES[output["nodes"]].capitalize() + "."
 
 
-def fields_of(contract):
-    """The fields behind the keys, by the record or node that they are in."""
-    records = {}
-    for direction in ("output", "input"):
-        for key in contract.get(direction, {}).get("keys", []):
-            for field in key.get("fields", []):
-                owner, _, name = field["path"].rpartition("[].")
-                records.setdefault(owner, {})[name] = field
-    return records
-
-
-def picture(fields, machine, begins):
-    """Cells of a grid that is eight bytes wide, from the byte on that is the first."""
+def picture(fields, target, size):
+    """Cells of a grid that is eight bytes wide."""
     cells = []
-    end = begins
+    end = 0
 
     def add(begin, size, text, style, title):
         rows = (begin + size - 1) // 8 - begin // 8 + 1
@@ -265,30 +255,36 @@ def picture(fields, machine, begins):
                                   "title": title})
                     begin, size = begin + skipped, size - skipped
 
-    for number, (name, field) in enumerate(sorted(fields.items(), key=lambda item: item[1]["offset"])):
-        offset, size = field["offset"], field["size"]
-        if offset < end:  # an alternative of a union
-            continue
-        if offset > end:
-            add(end, offset - end, "", "gap", f"bytes {end} to {offset - 1}: behind no key")
-        add(offset, size, f"{offset} {name}", f"c{number % 5}", f"{field['type']} {name}: bytes {offset} to {offset + size - 1}")
-        end = offset + size
-    return {"machine": machine, "cells": cells}
+    def pad(until):
+        if until > end:
+            add(end, until - end, "", "gap", f"bytes {end} to {until - 1}: padding")
+
+    for number, field in enumerate(fields):
+        offset, width = field["offset"][target], field["width"][target]
+        pad(offset)
+        add(offset, width, f"{offset} {field['name']}", f"c{number % 5}",
+            f"{field['type']} {field['name']}: bytes {offset} to {offset + width - 1}")
+        end = offset + width
+    pad(size)
+    return {"target": target, "cells": cells}
 
 
-def records_of(contract, mips):
-    records = fields_of(contract)
-    targets = fields_of(mips) if mips else {}
-    for owner, fields in records.items():
-        # An element of an array within the record begins where the array does.
-        def begin(of, owner=owner):
-            return min(field["offset"] for field in of.values()) // 8 * 8 if owner else 0
-
-        pictures = [picture(fields, "x86-64: 64 bits, little-endian", begin(fields))]
-        if owner in targets:
-            pictures.append(picture(targets[owner], "MIPS: 32 bits, big-endian", begin(targets[owner])))
-        name = f"struct kelmora_{contract['resource']}" if not owner else f"an element of {owner}"
-        yield {"name": name, "pictures": pictures}
+def records_of(command, name):
+    for record in told(command, "layout", name)["records"]:
+        targets = list(record["size"])
+        alike = all(field[what][target] == field[what][targets[0]] for field in record["fields"]
+                    for what in ("offset", "width") for target in targets)
+        yield {
+            "name": f"{record['kind']} {record['name']}",
+            "meaning": record.get("meaning", ""),
+            "sizes": [f"{record['size'][target]} bytes on {target}" for target in targets],
+            "targets": targets,
+            "alike": alike,
+            "fields": record["fields"],
+            # The members of a union all stand in the same place.
+            "pictures": [picture(record["fields"], target, record["size"][target])
+                         for target in (targets[:1] if alike else targets)] if record["kind"] == "struct" else [],
+        }
 
 
 def pretty(text):
@@ -298,9 +294,9 @@ def pretty(text):
         return text.strip()
 
 
-def page_of(command, mips_command, listed):
+def page_of(command, listed):
     name = listed["resource"]
-    contract = contract_of(command, name)
+    contract = told(command, "describe", name)
     raw = "input" not in contract and "output" not in contract
     example = ROOT / "examples" / f"{name}.json"
     text = example.read_text() if example.exists() and "input" in contract else ""
@@ -318,8 +314,7 @@ def page_of(command, mips_command, listed):
         "result": pretty(ask(command, "try", name, example).stdout) if text and "output" in contract else "",
         "errors": list(errors_of(contract)),
         "oddities": list(oddities_of(contract)),
-        "records": list(records_of(contract, contract_of(mips_command, name) if mips_command else None)),
-        "has_mips": bool(mips_command),
+        "records": list(records_of(command, name)),
     }
 
 
@@ -327,14 +322,10 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.split("\n", maxsplit=1)[0])
     parser.add_argument("host", metavar="KELMORA_HOST")
     parser.add_argument("out", type=pathlib.Path, metavar="OUT")
-    parser.add_argument("--mips-host", default="", metavar="COMMAND")
     arguments = parser.parse_args()
-    command, mips_command = [arguments.host], shlex.split(arguments.mips_host)
-    if not mips_command:
-        print("make_docs: without the target's offsets, as there is no kelmora-host for it", file=sys.stderr)
+    command = [str(arguments.host)]
 
-    listed = json.loads(ask(command, "list", "--json").stdout)
-    pages = [page_of(command, mips_command, each) for each in listed]
+    pages = [page_of(command, each) for each in told(command, "list")]
     version = ask(command, "--version").stdout.split()[-1]
     templates = jinja2.Environment(loader=jinja2.FileSystemLoader(ROOT / "docs" / "reference"), autoescape=True,
                                    undefined=jinja2.StrictUndefined, trim_blocks=True, lstrip_blocks=True)

@@ -2,6 +2,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/diagnostics.h"
+#include "host/cli/doctor.h"
 #include "host/cli/pretty.h"
 #include "host/cli/report.h"
 #include "host/cli/serve.h"
@@ -38,11 +39,14 @@ constexpr const char *footer = R"(Examples:
   kelmora-host describe radio
   kelmora-host describe --key ssid
   kelmora-host schema radio --direction input
+  kelmora-host layout radio --target mips
+  kelmora-host doctor --host ./my-host
   kelmora-host serve --port 8098
 
 Exit status:
   0  done; of check: the documents are accepted, and nothing of them is lost
-  1  a document is rejected, or a record could not be shown
+  1  a document is rejected, or a record could not be shown; of doctor:
+     something is wrong with the plug-in
   2  the command line is wrong: no such resource, record, command or option
   3  of check: the documents are accepted, and something is lost
   4  the environment fails: the plug-in does not load, a file cannot be read,
@@ -70,6 +74,16 @@ constexpr const char *schema_footer =
           type
   accept  what it accepts, whatever of it is lost)";
 
+constexpr const char *layout_footer =
+    R"(Targets:
+  mips    32-bit big-endian MIPS
+  x86-64  64-bit x86-64)";
+
+constexpr const char *doctor_footer =
+    R"(A plug-in for another machine is looked at, and not loaded. Each fault is a
+line; the exit status is 1 when there are any. The functions of the C library
+are not looked for in the files of --host.)";
+
 struct Arguments {
     std::optional<std::string> plugin;
     std::optional<std::string> group;
@@ -81,6 +95,10 @@ struct Arguments {
     ServeArguments serve;
     std::string file = "-";
     std::vector<std::string> files{"-"}; ///< of the command that takes several
+    std::optional<std::string> target;
+    std::optional<std::string> examined; ///< the plug-in, where it stands behind the command
+    std::vector<std::string> suppliers;  ///< of doctor: the program that is to load the plug-in, and its libraries
+    bool header = false;
     bool json = false;
     bool pretty = false;
 };
@@ -98,7 +116,7 @@ struct CommandLine {
     CommandLine()
     {
         app.require_subcommand(1);
-        for (CLI::App *command : {list, show, check, attempt, trace, describe, schema, types, serve}) {
+        for (CLI::App *command : {list, show, check, attempt, trace, describe, schema, types, layout, doctor, serve}) {
             command->fallthrough(); // options of the whole program may stand behind the command, too
             command->group("Commands");
         }
@@ -155,6 +173,28 @@ struct CommandLine {
             ->excludes(direction);
         schema->footer(schema_footer);
 
+        CLI::Option *laid_out = add_resource(layout)->required(false);
+        CLI::Option *target =
+            layout->add_option("--target", given.target, "On this target alone")->type_name("mips|x86-64");
+        CLI::Option *as_json = add_json(layout, "Print a JSON object, or of all resources a JSON array");
+        layout->add_flag("--header", given.header, "Print a C header of static assertions, for all targets")
+            ->disable_flag_override()
+            ->excludes(laid_out)
+            ->excludes(target)
+            ->excludes(as_json);
+        layout->footer(layout_footer);
+
+        doctor->add_option("PLUGIN", given.examined, "The plug-in; the one beside this program when it is absent")
+            ->type_name("");
+        doctor
+            ->add_option("--host", given.suppliers,
+                         "A program that is to load it, or a library which that loads: do they have the functions")
+            ->type_name("PATH")
+            ->allow_extra_args(false)
+            ->take_all();
+        add_json(doctor, "Print a JSON object");
+        doctor->footer(doctor_footer);
+
         serve->add_option("--port", given.serve.port, "The port, 8098 by default; 0 for any that is free")
             ->type_name("PORT")
             ->check(CLI::Range(0, 65535));
@@ -187,9 +227,9 @@ struct CommandLine {
         return command->add_option("RESOURCE", given.resource, "The resource's name")->type_name("")->required();
     }
 
-    void add_json(CLI::App *command, const std::string &description)
+    CLI::Option *add_json(CLI::App *command, const std::string &description)
     {
-        command->add_flag("--json", given.json, description)->disable_flag_override();
+        return command->add_flag("--json", given.json, description)->disable_flag_override();
     }
 
     Arguments given;
@@ -203,6 +243,8 @@ struct CommandLine {
     CLI::App *describe = app.add_subcommand("describe", "Tell what a resource writes and takes, key by key");
     CLI::App *schema = app.add_subcommand("schema", "Print a resource's JSON Schema");
     CLI::App *types = app.add_subcommand("types", "Print the TypeScript types of all resources");
+    CLI::App *layout = app.add_subcommand("layout", "Tell how the C records are laid out");
+    CLI::App *doctor = app.add_subcommand("doctor", "Tell whether a plug-in is right, and what it needs");
     CLI::App *serve = app.add_subcommand("serve", "Serve the sample gateway over HTTP, with a page for it");
 };
 
@@ -396,6 +438,29 @@ void run_schema(const CommandLine &line, std::ostream &out)
     out << schema_of(resource, direction);
 }
 
+void run_layout(const Arguments &given, std::ostream &out)
+{
+    if (given.header) {
+        out << layout_header();
+        return;
+    }
+    const Resource *resource = given.resource.empty() ? nullptr : &resource_named(given.resource);
+    out << layouts(resource, targets_named(given.target), given.json, Style::of(STDOUT_FILENO));
+}
+
+Status run_doctor(const CommandLine &line, std::ostream &out)
+{
+    const Arguments &given = line.given;
+    if (given.plugin && given.examined)
+        throw Failure(Status::usage, "the plug-in is given twice, as PLUGIN and by --plugin" + see_help(line.doctor));
+    const std::optional<std::string> &plugin = given.plugin ? given.plugin : given.examined;
+    const Examination examination =
+        examination_of(plugin ? std::filesystem::path(*plugin) : Plugin::default_path(), given.suppliers);
+    out << (given.json ? to_text(as_json(examination)) + "\n"
+                       : examination_as_text(examination, Style::of(STDOUT_FILENO)));
+    return examination.faults.empty() ? Status::done : Status::rejected;
+}
+
 /// Throws Failure (usage) when a path is empty: no file has that name.
 void check_paths(const CommandLine &line)
 {
@@ -403,6 +468,9 @@ void check_paths(const CommandLine &line)
         throw Failure(Status::usage, "the PATH of --plugin is empty" + see_help());
     if (line.given.folder && line.given.folder->empty())
         throw Failure(Status::usage, "the DIR of --all is empty" + see_help(line.schema));
+    const std::vector<std::string> &suppliers = line.given.suppliers;
+    if (line.given.examined == "" || std::ranges::find(suppliers, "") != suppliers.end())
+        throw Failure(Status::usage, "the name of a file is empty" + see_help(line.doctor));
     if (line.given.serve.state && line.given.serve.state->empty())
         throw Failure(Status::usage, "the DIR of --state is empty" + see_help(line.serve));
     const std::vector<std::string> &files = line.given.files;
@@ -426,12 +494,16 @@ Status dispatch(int argc, const char *const *argv, std::ostream &out, std::ostre
         return run_check(line.given, out, err);
     if (line.attempt->parsed())
         return run_try(line.given, out, err);
+    if (line.doctor->parsed())
+        return run_doctor(line, out);
     if (line.trace->parsed())
         run_trace(line.given, out);
     else if (line.describe->parsed())
         run_describe(line, out);
     else if (line.schema->parsed())
         run_schema(line, out);
+    else if (line.layout->parsed())
+        run_layout(line.given, out);
     else if (line.types->parsed())
         run_types(line.given, out);
     else if (line.serve->parsed())

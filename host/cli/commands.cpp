@@ -2,6 +2,7 @@
 
 #include "host/cli/describe.h"
 #include "host/cli/diagnostics.h"
+#include "host/cli/layout.h"
 #include "host/cli/steps.h"
 #include "host/contract/key_places.h"
 #include "host/contract/listing.h"
@@ -12,6 +13,7 @@
 #include "host/hexadecimal.h"
 #include "host/json.h"
 #include "host/names.h"
+#include "host/plugin/plugin.h"
 #include "host/plugin/translate.h"
 
 #include <algorithm>
@@ -271,5 +273,36 @@ void write_schemas(const std::string &folder)
 }
 
 std::string types() { return typescript(all_contracts()); }
+
+std::span<const Target> targets_named(const std::optional<std::string> &name)
+{
+    if (!name)
+        return targets();
+    if (const Target *target = find_target(*name))
+        return {target, 1};
+    std::vector<std::string> names;
+    std::ranges::transform(targets(), std::back_inserter(names),
+                           [](const Target &each) { return std::string(each.name); });
+    throw Failure(Status::usage,
+                  "no target \"" + *name + "\"" + hint(*name, names, "the targets are " + enumeration(names)));
+}
+
+std::string layouts(const Resource *resource, std::span<const Target> on, bool as_json, const Style &style)
+{
+    if (as_json)
+        return (resource != nullptr ? layouts_as_json(*resource, on) : layouts_as_json(on)) + "\n";
+    return resource != nullptr ? layouts_as_tables(*resource, on, style) : layouts_as_tables(on, style);
+}
+
+Examination examination_of(const std::filesystem::path &plugin, const std::vector<std::string> &suppliers)
+{
+    try {
+        return examine(plugin, {suppliers.begin(), suppliers.end()});
+    } catch (const PluginError &error) {
+        throw Failure(Status::environment, error.what());
+    } catch (const ElfError &error) {
+        throw Failure(Status::environment, error.what());
+    }
+}
 
 } // namespace kelmora_host

@@ -4,12 +4,16 @@
 #include "host/cli/input.h"
 #include "host/cli/report.h"
 #include "host/cli/style.h"
+#include "host/contract/layout.h"
 #include "host/contract/schema.h"
 #include "host/gateway/gateway.h"
 #include "host/gateway/resources.h"
+#include "host/plugin/doctor.h"
 #include "host/plugin/registry.h"
 
+#include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -76,6 +80,17 @@ void write_schemas(const std::string &folder);
 
 /// The TypeScript types of all resources.
 std::string types();
+
+/// The targets that a name stands for: that one, or all of them without a name. Throws Failure (usage) when there is
+/// none of this name.
+std::span<const Target> targets_named(const std::optional<std::string> &name);
+
+/// How a resource's record, or all of them (NULL), is laid out: tables for a terminal, or JSON.
+std::string layouts(const Resource *resource, std::span<const Target> on, bool as_json, const Style &style);
+
+/// Looks at a plug-in, and at the program and libraries that are to load it. Throws Failure (environment) when a file
+/// cannot be read or this program lacks what looks into it.
+Examination examination_of(const std::filesystem::path &plugin, const std::vector<std::string> &suppliers);
 
 } // namespace kelmora_host
 

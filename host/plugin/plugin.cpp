@@ -38,18 +38,22 @@ template <class Function> Function *symbol(void *library, const char *name, cons
 
 } // namespace
 
-Plugin::Plugin(const std::filesystem::path &path)
+LoadedObject load_object(const std::filesystem::path &path)
 {
     void *library = load(path);
-    auto *init = symbol<int()>(library, "kelmora_json_init", path);
-    auto *get_version = symbol<const char *()>(library, "kelmora_json_get_version", path);
+    return {library, symbol<int()>(library, "kelmora_json_init", path),
+            symbol<const char *()>(library, "kelmora_json_get_version", path)};
+}
 
-    init();
+Plugin::Plugin(const std::filesystem::path &path)
+{
+    const LoadedObject object = load_object(path);
+    object.init();
     for (const Resource &resource : resources()) {
         if (Registry::instance().find(resource.number) == nullptr)
             throw PluginError(path.string() + " registers no translators for " + std::string(resource.name));
     }
-    version_ = get_version();
+    version_ = object.version();
 }
 
 std::filesystem::path Plugin::default_path()

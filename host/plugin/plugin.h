@@ -16,6 +16,18 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// A shared object that this process has loaded, with the plug-in's two entry points. It stays loaded until the process
+/// ends.
+struct LoadedObject {
+    void *library; ///< for dlsym
+    int (*init)();
+    const char *(*version)();
+};
+
+/// Loads the shared object, and calls nothing in it. Throws PluginError when the file does not load, or does not export
+/// the entry points.
+[[nodiscard]] LoadedObject load_object(const std::filesystem::path &path);
+
 /// The plug-in, loaded into this process. It stays loaded until the process ends: the texts of its errors are its own.
 class Plugin {
 public:

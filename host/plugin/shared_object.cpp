@@ -1,13 +1,15 @@
 #include "host/plugin/shared_object.h"
 
+#include "host/plugin/machine.h"
+
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <elf.h>
 #include <fstream>
-#include <link.h>
 #include <system_error>
 #include <vector>
 
@@ -15,11 +17,18 @@ namespace kelmora_host {
 
 namespace {
 
-/// The part of the header that is the same for all machines, but for the byte order of its two numbers.
-struct Beginning {
-    std::array<unsigned char, EI_NIDENT> ident;
-    std::uint16_t type;
-    std::uint16_t machine;
+/// What ELF looks like on machines of 32 bits.
+struct Elf32 {
+    using Header = Elf32_Ehdr;
+    using Segment = Elf32_Phdr;
+    using Dynamic = Elf32_Dyn;
+};
+
+/// And on those of 64.
+struct Elf64 {
+    using Header = Elf64_Ehdr;
+    using Segment = Elf64_Phdr;
+    using Dynamic = Elf64_Dyn;
 };
 
 template <class T> bool read_at(std::ifstream &file, std::uint64_t offset, T *values, std::size_t count)
@@ -30,45 +39,22 @@ template <class T> bool read_at(std::ifstream &file, std::uint64_t offset, T *va
     return file.read(reinterpret_cast<char *>(values), size).gcount() == size;
 }
 
-std::uint16_t in_our_byte_order(std::uint16_t number, const Beginning &of, const Beginning &ours)
-{
-    return of.ident[EI_DATA] == ours.ident[EI_DATA] ? number : static_cast<std::uint16_t>(number << 8 | number >> 8);
-}
+/// The numbers of a file, in this program's byte order.
+class ByteOrder {
+public:
+    explicit ByteOrder(bool big_endian) : swaps_(big_endian != (std::endian::native == std::endian::big)) {}
 
-/// "32-bit big-endian MIPS"
-std::string machine_name(const Beginning &object, const Beginning &ours)
-{
-    struct Named {
-        std::uint16_t machine;
-        const char *name;
-    };
-    static constexpr std::array<Named, 8> known{{{EM_386, "x86"},
-                                                 {EM_X86_64, "x86-64"},
-                                                 {EM_MIPS, "MIPS"},
-                                                 {EM_ARM, "Arm"},
-                                                 {EM_AARCH64, "AArch64"},
-                                                 {EM_PPC, "PowerPC"},
-                                                 {EM_PPC64, "PowerPC 64"},
-                                                 {EM_RISCV, "RISC-V"}}};
-    const std::uint16_t machine = in_our_byte_order(object.machine, object, ours);
-    const auto *const found = std::ranges::find(known, machine, &Named::machine);
-    return std::string(object.ident[EI_CLASS] == ELFCLASS64 ? "64-bit " : "32-bit ") +
-           (object.ident[EI_DATA] == ELFDATA2MSB ? "big-endian " : "little-endian ") +
-           (found != known.end() ? found->name : "machine " + std::to_string(machine));
-}
+    template <class Number> Number operator()(Number number) const
+    {
+        auto bytes = std::bit_cast<std::array<unsigned char, sizeof(Number)>>(number);
+        if (swaps_)
+            std::ranges::reverse(bytes);
+        return std::bit_cast<Number>(bytes);
+    }
 
-std::optional<std::string> fault_of_machine(const Beginning &object)
-{
-    std::ifstream program("/proc/self/exe", std::ios::binary);
-    Beginning ours{};
-    if (!read_at(program, 0, &ours, 1))
-        return std::nullopt; // the loader will tell
-    const bool same = object.ident[EI_CLASS] == ours.ident[EI_CLASS] && object.ident[EI_DATA] == ours.ident[EI_DATA] &&
-                      object.machine == ours.machine;
-    if (same)
-        return std::nullopt;
-    return "it is for " + machine_name(object, ours) + ", and this program is for " + machine_name(ours, ours);
-}
+private:
+    bool swaps_;
+};
 
 std::optional<std::string> fault_of_type(std::uint16_t type)
 {
@@ -89,48 +75,91 @@ std::string cut_short(std::uint64_t size, const std::string &needed)
     return "it is cut short: it has " + std::to_string(size) + (size == 1 ? " byte" : " bytes") + ", and " + needed;
 }
 
-/// Programs that can be loaded at any address look like shared objects, but for this flag.
-bool is_program(std::ifstream &file, const std::vector<ElfW(Phdr)> &segments)
+template <class Elf> std::string header_cut_short(std::uint64_t size)
 {
-    const auto dynamic = std::ranges::find(segments, std::uint32_t{PT_DYNAMIC}, &ElfW(Phdr)::p_type);
+    return cut_short(size, "its header alone takes " + std::to_string(sizeof(typename Elf::Header)));
+}
+
+/// Programs that can be loaded at any address look like shared objects, but for this flag.
+template <class Elf>
+bool is_program(std::ifstream &file, const ByteOrder &order, const std::vector<typename Elf::Segment> &segments)
+{
+    const auto dynamic = std::ranges::find_if(
+        segments, [&order](const typename Elf::Segment &segment) { return order(segment.p_type) == PT_DYNAMIC; });
     if (dynamic == segments.end())
         return false;
-    std::vector<ElfW(Dyn)> entries(dynamic->p_filesz / sizeof(ElfW(Dyn)));
-    return read_at(file, dynamic->p_offset, entries.data(), entries.size()) &&
-           std::ranges::any_of(entries, [](const ElfW(Dyn) & entry) {
-               return entry.d_tag == DT_FLAGS_1 && (entry.d_un.d_val & DF_1_PIE) != 0;
+    std::vector<typename Elf::Dynamic> entries(order(dynamic->p_filesz) / sizeof(typename Elf::Dynamic));
+    return read_at(file, order(dynamic->p_offset), entries.data(), entries.size()) &&
+           std::ranges::any_of(entries, [&order](const typename Elf::Dynamic &entry) {
+               return order(entry.d_tag) == DT_FLAGS_1 && (order(entry.d_un.d_val) & DF_1_PIE) != 0;
            });
 }
 
-std::optional<std::string> fault_of_segments(std::ifstream &file, std::uint64_t size)
+template <class Elf>
+std::optional<std::string> fault_of_segments(std::ifstream &file, std::uint64_t size, const ByteOrder &order)
 {
-    ElfW(Ehdr) header;
+    typename Elf::Header header;
     if (!read_at(file, 0, &header, 1))
-        return cut_short(size, "its header alone takes " + std::to_string(sizeof header));
-    if (header.e_phnum == 0 || header.e_phentsize != sizeof(ElfW(Phdr)))
+        return header_cut_short<Elf>(size);
+    if (header.e_phnum == 0 || order(header.e_phentsize) != sizeof(typename Elf::Segment))
         return "it has no segments that could be loaded";
-    std::vector<ElfW(Phdr)> segments(header.e_phnum);
-    if (!read_at(file, header.e_phoff, segments.data(), segments.size()))
+    std::vector<typename Elf::Segment> segments(order(header.e_phnum));
+    if (!read_at(file, order(header.e_phoff), segments.data(), segments.size()))
         return cut_short(size, "the table of its segments ends behind that");
 
     std::uint64_t end = 0;
-    for (const ElfW(Phdr) & segment : segments) {
-        const std::uint64_t segment_end = std::uint64_t{segment.p_offset} + segment.p_filesz;
-        if (segment_end < segment.p_offset)
+    for (const typename Elf::Segment &segment : segments) {
+        const std::uint64_t begin = order(segment.p_offset);
+        const std::uint64_t segment_end = begin + order(segment.p_filesz);
+        if (segment_end < begin)
             return "the place of one of its segments is no place in any file";
         if (segment.p_filesz != 0)
             end = std::max(end, segment_end);
     }
     if (end > size)
         return cut_short(size, "its segments take " + std::to_string(end));
-    if (is_program(file, segments))
+    if (is_program<Elf>(file, order, segments))
         return fault_of_type(ET_EXEC);
     return std::nullopt;
 }
 
+/// Whatever is wrong with the file before one asks which machine it is for.
+std::optional<std::string> fault_of_beginning(const std::filesystem::path &path)
+{
+    if (std::optional<std::string> fault = fault_of_file(path))
+        return fault;
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const auto size = static_cast<std::uint64_t>(file.tellg());
+    if (size == 0)
+        return "it is empty";
+    std::array<char, SELFMAG> magic{};
+    if (!read_at(file, 0, magic.data(), magic.size()) || std::memcmp(magic.data(), ELFMAG, SELFMAG) != 0)
+        return "it is no shared object";
+    if (machine_of(path))
+        return std::nullopt;
+    char bits = 0;
+    const bool wide = read_at(file, EI_CLASS, &bits, 1) ? bits == ELFCLASS64 : sizeof(void *) == 8;
+    return wide ? header_cut_short<Elf64>(size) : header_cut_short<Elf32>(size);
+}
+
+/// And behind that. The file begins as one for this machine does.
+std::optional<std::string> fault_of_rest(const std::filesystem::path &path, const Machine &machine)
+{
+    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const auto size = static_cast<std::uint64_t>(file.tellg());
+    const ByteOrder order(machine.big_endian);
+    std::uint16_t type = 0;
+    if (!read_at(file, EI_NIDENT, &type, 1))
+        return header_cut_short<Elf32>(size);
+    if (std::optional<std::string> fault = fault_of_type(order(type)))
+        return fault;
+    return machine.bits == 64 ? fault_of_segments<Elf64>(file, size, order)
+                              : fault_of_segments<Elf32>(file, size, order);
+}
+
 } // namespace
 
-std::optional<std::string> fault_of_shared_object(const std::filesystem::path &path)
+std::optional<std::string> fault_of_file(const std::filesystem::path &path)
 {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
@@ -140,25 +169,29 @@ std::optional<std::string> fault_of_shared_object(const std::filesystem::path &p
         return "it is a directory";
     if (!std::filesystem::is_regular_file(status)) // opening a pipe would wait for its other end
         return "it is no regular file";
-
     errno = 0;
-    std::ifstream file(path, std::ios::binary | std::ios::ate);
+    const std::ifstream file(path, std::ios::binary);
     if (!file)
         return std::strerror(errno);
-    const auto size = static_cast<std::uint64_t>(file.tellg());
-    if (size == 0)
-        return "it is empty";
-    std::array<char, SELFMAG> magic{};
-    if (!read_at(file, 0, magic.data(), magic.size()) || std::memcmp(magic.data(), ELFMAG, SELFMAG) != 0)
-        return "it is no shared object";
-    Beginning beginning{};
-    if (!read_at(file, 0, &beginning, 1))
-        return cut_short(size, "its header alone takes " + std::to_string(sizeof(ElfW(Ehdr))));
-    if (std::optional<std::string> fault = fault_of_machine(beginning))
+    return std::nullopt;
+}
+
+std::optional<std::string> fault_of_any_shared_object(const std::filesystem::path &path)
+{
+    if (std::optional<std::string> fault = fault_of_beginning(path))
         return fault;
-    if (std::optional<std::string> fault = fault_of_type(beginning.type))
+    return fault_of_rest(path, *machine_of(path));
+}
+
+std::optional<std::string> fault_of_shared_object(const std::filesystem::path &path)
+{
+    if (std::optional<std::string> fault = fault_of_beginning(path))
         return fault;
-    return fault_of_segments(file, size);
+    const Machine machine = *machine_of(path);
+    const std::optional<Machine> ours = this_machine();
+    if (ours && machine != *ours)
+        return "it is for " + name_of(machine) + ", and this program is for " + name_of(*ours);
+    return fault_of_rest(path, machine);
 }
 
 } // namespace kelmora_host

@@ -38,6 +38,7 @@ DESTDIR=$stage/root "$cmake" --install "$build" --prefix "$prefix" >"$stage/inst
 {
     (cd "$root/include" && find . -name '*.h') | sed "s|^\.|$includedir/kelmora_json|"
     cat <<EOT
+$includedir/kelmora_json/kelmora_layout.h
 $plugindir/libkelmora_json.so.$version
 $libdir/pkgconfig/kelmora_json.pc
 $libdir/cmake/kelmora_json/kelmora_json-config.cmake
@@ -83,4 +84,17 @@ host=$stage/root$prefix/bin/kelmora-host
 if [ -f "$host" ] && [ "$plugindir" != "$4" ]; then
     "$host" list >"$stage/list" || fail "the installed kelmora-host does not run"
     grep -q " registered by libkelmora_json $version" "$stage/list" || fail "the installed kelmora-host lists nothing"
+
+    # It tells a host that has what the plug-in imports from one whose linker left jansson out.
+    status=0
+    "$host" doctor --host "$stage/consumer/host" >"$stage/doctor" 2>&1 || status=$?
+    if ! grep -q 'built without libelf' "$stage/doctor"; then
+        [ "$status" -eq 0 ] || { cat "$stage/doctor" >&2 && fail "the doctor refuses the host that CMake built"; }
+        # shellcheck disable=SC2046 # options are words
+        "$CC" $(pkg-config --cflags kelmora_json) "$root/examples/host.c" -o "$stage/lacking" -Wl,--export-dynamic -ldl
+        if "$host" doctor --host "$stage/lacking" >"$stage/doctor"; then fail "the doctor takes a host without jansson"; fi
+        grep -q 'lacking does not load jansson, and does not export these of its functions: json_array, ' "$stage/doctor" ||
+            fail "the doctor does not say that jansson is missing"
+        if grep -q "of the host's functions" "$stage/doctor"; then fail "the doctor misses functions that are there"; fi
+    fi
 fi

@@ -34,6 +34,7 @@ headers=$stage/usr/include/kelmora_json
 # compiles OPTION...: whether a host does that is compiled with the folder of the headers alone, and OPTION.
 cat >"$stage/host.c" <<EOT
 #include <kelmora_host.h>
+#include <kelmora_layout.h>
 #include <records/remote_mgmt.h>
 typedef char pointers[sizeof((struct kelmora_resource *)0)->host_private == 3 * sizeof(void *) ? 1 : -1];
 typedef char block[sizeof((struct kelmora_tr069_config *)0)->host_block == 7 ? 1 : -1];

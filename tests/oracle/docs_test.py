@@ -7,6 +7,7 @@ docs_test.py KELMORA_HOST
 import html.parser
 import json
 import pathlib
+import re
 import subprocess
 import sys
 import tempfile
@@ -59,6 +60,9 @@ def faults_of(folder, resources):
         page = next((page for path, page in pages.items() if path.stem == resource["resource"]), None)
         if page is None or resource["resource"] not in page.text or resource["group"] not in page.text:
             yield f"{resource['resource']} has no page of its own"
+        elif f"struct kelmora_{resource['resource']}" not in page.text or not re.search(
+                r"\d bytes on mips, \d+ bytes on x86-64\.", page.text):
+            yield f"{resource['resource']} does not say how its record is laid out"
 
 
 def main():

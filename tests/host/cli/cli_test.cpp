@@ -98,7 +98,7 @@ TEST(CommandLine, EndsWithStatus2WhenItIsWrong)
         return Ending{2, "", "kelmora-host: error: " + message + "\n"};
     };
     EXPECT_EQ(run_with({}), usage_error("a command is missing; the commands are list, show, check, try, trace, "
-                                        "describe, schema, types and serve; see kelmora-host --help"));
+                                        "describe, schema, types, layout, doctor and serve; see kelmora-host --help"));
     EXPECT_EQ(run_with({"lst"}), usage_error("no command \"lst\"; similar: list; see kelmora-host --help"));
     EXPECT_EQ(run_with({"show"}), usage_error("RESOURCE is missing; see kelmora-host show --help"));
     EXPECT_EQ(run_with({"show", "radio", "--jsn"}),
@@ -111,6 +111,14 @@ TEST(CommandLine, EndsWithStatus2WhenItIsWrong)
     EXPECT_EQ(run_with({"try", "radio", "a", "b", "c"}),
               usage_error("2 arguments too many: \"b\" and \"c\"; see kelmora-host try --help"));
     EXPECT_EQ(run_with({"list", "--json=3"}), usage_error("--json takes no value; see kelmora-host list --help"));
+    EXPECT_EQ(run_with({"layout", "--target", "arm"}),
+              usage_error("no target \"arm\"; the targets are mips and x86-64"));
+    EXPECT_EQ(run_with({"layout", "radio", "--target", "x86"}), usage_error("no target \"x86\"; similar: x86-64"));
+    EXPECT_EQ(run_with({"layout", "rado"}), usage_error("no resource \"rado\"; similar: radio"));
+    EXPECT_EQ(run_with({"layout", "--header", "--target", "mips"}).status, 2);
+    EXPECT_EQ(run_with({"layout", "--header", "radio"}).status, 2);
+    EXPECT_EQ(run_with({"doctor", "a.so", "--plugin", "b.so"}),
+              usage_error("the plug-in is given twice, as PLUGIN and by --plugin; see kelmora-host doctor --help"));
     EXPECT_EQ(run_with({"list", "--group", "wirless"}), usage_error("no group \"wirless\"; similar: wireless"));
     EXPECT_EQ(run_with({"list", "--group", ""}).status, 2);
 }
@@ -120,6 +128,9 @@ TEST(CommandLine, NeedsPathsThatAreNotEmpty)
     const Ending expected{2, "", "kelmora-host: error: the PATH of --plugin is empty; see kelmora-host --help\n"};
     EXPECT_EQ(run_with({"list", "--plugin", ""}), expected);
     EXPECT_EQ(run_with({"show", "radio", "--plugin", ""}), expected);
+    EXPECT_EQ(run_with({"doctor", ""}),
+              (Ending{2, "", "kelmora-host: error: the name of a file is empty; see kelmora-host doctor --help\n"}));
+    EXPECT_EQ(run_with({"doctor", "--host", ""}).status, 2);
     EXPECT_EQ(run_with({"try", "radio", ""}),
               (Ending{2, "", "kelmora-host: error: the name of the FILE is empty; see kelmora-host try --help\n"}));
 }

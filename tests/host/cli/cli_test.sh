@@ -337,6 +337,87 @@ try types
 status_is 0
 out_has 'export interface RadioInput {'
 
+# ---- layout
+
+try layout limits --target mips
+status_is 0
+err_is ""
+out_has 'struct kelmora_limits: 32 bytes at multiples of 4 on mips'
+out_has '        12      4  wifi_limits    struct kelmora_limits_wifi_limit *'
+out_has 'struct kelmora_limits_wifi_limit: 16 bytes at multiples of 4 on mips'
+
+try layout limits --json
+status_is 0
+out_has '{"resource": "limits", "records": [{"name": "kelmora_limits", "kind": "struct", '
+out_has '"size": {"mips": 32, "x86-64": 40}, "alignment": {"mips": 4, "x86-64": 8}, '
+
+try layout
+status_is 0
+out_has 'struct kelmora_resource: '
+out_has 'struct kelmora_wireless: 408 bytes at multiples of 4 on mips, 408 bytes at multiples of 4 on x86-64'
+
+try layout --json
+status_is 0
+[ "$(grep -o '"resource": ' "$work/out" | wc -l)" -eq "$resources" ] || fail "expected all resources"
+
+try layout --header
+status_is 0
+err_is ""
+out_has 'KELMORA_LAYOUT_FIELD(kelmora_limits, wifi_limits, 12, 4, 16, 8);'
+
+try layout vlan
+status_is 2
+err_has 'kelmora-host: error: no resource "vlan"'
+
+# No plug-in is needed for it.
+try layout radio --plugin /nowhere/x.so
+status_is 0
+
+# ---- doctor, where it is built with libelf
+
+try doctor
+if grep -q 'built without libelf' "$work/err"; then
+    fails_with 4 'kelmora-host: error: this program was built without libelf, which reads such files'
+else
+    # The plug-in of a build with sanitizers needs what they bring along; what is wrong with it stands at its end.
+    if grep -q '^needs          libc.so.6$' "$work/out"; then
+        status_is 0
+        err_is ""
+        out_has 'exports        209 functions'
+        out_has 'binds          each import at its first call'
+        out_has 'writable data  none'
+        out_has "version        $version"
+        out_has "registers      $resources pairs, in this order"
+        out_has '  0 wireless, 1 session, 2 interface, '
+        tail -n 1 "$work/out" | grep -q ': nothing is wrong$' || fail "expected that nothing is wrong"
+
+        try doctor --json --host "$program"
+        status_is 0
+        [ "$(wc -l <"$work/out")" -eq 1 ] || fail "expected one line"
+        out_has '"result": "right", "machine": {"name": "'
+        out_has "\"registrations\": [{\"number\": 0, \"resource\": \"wireless\"}, {\"number\": 1, \"resource\": \"session\"}, "
+        out_has '], "faults": []}'
+
+        try doctor --host /bin/true
+        status_is 1
+        err_is ""
+        out_has 'error: /bin/true does not load jansson, and does not export these of its functions: json_array, '
+    fi
+
+    try doctor "$examples/radio.json"
+    status_is 1
+    err_is ""
+    out_is "$examples/radio.json: error: it is no shared object [file]
+$examples/radio.json: 1 thing is wrong"
+
+    try doctor --plugin /bin/true --json
+    status_is 1
+    out_is '{"plugin": "/bin/true", "result": "wrong", "faults": [{"code": "file", "message": "it is a program, no shared object", "symbols": []}]}'
+fi
+
+try doctor /nowhere/x.so
+fails_with 4 'kelmora-host: error: cannot read /nowhere/x.so: No such file or directory'
+
 # ---- pretty
 
 try show radio --id radio1 --pretty
@@ -429,10 +510,10 @@ err_has "$work/controller.json:1:78: note: /mtp: 2 entries were there, 1 came, 3
 # ---- the command line is wrong
 
 try
-fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try, trace, describe, schema, types and serve; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: a command is missing; the commands are list, show, check, try, trace, describe, schema, types, layout, doctor and serve; see kelmora-host --help'
 
 try get radio
-fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try, trace, describe, schema, types and serve; see kelmora-host --help'
+fails_with 2 'kelmora-host: error: no command "get"; the commands are list, show, check, try, trace, describe, schema, types, layout, doctor and serve; see kelmora-host --help'
 
 try lst
 fails_with 2 'kelmora-host: error: no command "lst"; similar: list; see kelmora-host --help'

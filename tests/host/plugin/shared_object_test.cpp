@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <elf.h>
@@ -95,6 +96,56 @@ TEST_F(SharedObject, NeedsAFile)
     EXPECT_EQ(fault_of_shared_object("/dev/null"), "it is no regular file");
     ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
     EXPECT_EQ(fault_of_shared_object(path_), "it is no regular file");
+}
+
+TEST_F(SharedObject, OfAFileThatCannotBeReadSaysNothingElse)
+{
+    EXPECT_EQ(fault_of_file("/nowhere/x.so"), "No such file or directory");
+    EXPECT_EQ(fault_of_file("/"), "it is a directory");
+    EXPECT_EQ(fault_of_file("/dev/null"), "it is no regular file");
+    EXPECT_EQ(fault_of_file("/proc/self/exe"), std::nullopt);
+    EXPECT_EQ(fault_of_any_shared_object("/nowhere/x.so"), "No such file or directory");
+    EXPECT_EQ(fault_of("{}"), "it is no shared object");
+    EXPECT_EQ(fault_of_file(path_), std::nullopt);
+}
+
+TEST_F(SharedObject, MayBeForAnyMachineWhereThatIsAskedFor)
+{
+    EXPECT_EQ(fault_of_any_shared_object(KELMORA_HOLLOW_MODULE), std::nullopt);
+    EXPECT_THAT(fault_with(&ElfW(Ehdr)::e_machine, EM_AARCH64), StartsWith("it is for "));
+    EXPECT_EQ(fault_of_any_shared_object(path_), std::nullopt);
+    EXPECT_EQ(fault_of_any_shared_object("/proc/self/exe"), "it is a program, no shared object");
+}
+
+/// The numbers of a file's header and segments in the other byte order.
+TEST_F(SharedObject, IsReadInTheByteOrderOfItsMachine)
+{
+    std::string bytes = whole_;
+    const auto turn = [&bytes](std::size_t offset, std::size_t size) {
+        std::reverse(bytes.begin() + static_cast<std::ptrdiff_t>(offset),
+                     bytes.begin() + static_cast<std::ptrdiff_t>(offset + size));
+    };
+#define TURN(base, type, field) turn((base) + offsetof(type, field), sizeof(type::field))
+    for (std::size_t i = 0; i < header_.e_phnum; ++i) {
+        const std::size_t base = header_.e_phoff + i * sizeof(ElfW(Phdr));
+        TURN(base, ElfW(Phdr), p_type);
+        TURN(base, ElfW(Phdr), p_offset);
+        TURN(base, ElfW(Phdr), p_filesz);
+    }
+    bytes[EI_DATA] = big_endian ? ELFDATA2LSB : ELFDATA2MSB;
+    TURN(0, ElfW(Ehdr), e_type);
+    TURN(0, ElfW(Ehdr), e_machine);
+    TURN(0, ElfW(Ehdr), e_phoff);
+    TURN(0, ElfW(Ehdr), e_phnum);
+    TURN(0, ElfW(Ehdr), e_phentsize);
+#undef TURN
+    EXPECT_THAT(fault_of(bytes), StartsWith("it is for "));
+    // Its section for the loader is not turned, and tells nothing.
+    EXPECT_EQ(fault_of_any_shared_object(path_), std::nullopt);
+    const std::size_t loaded = loaded_size();
+    EXPECT_THAT(fault_of(bytes.substr(0, loaded - 1)), StartsWith("it is for "));
+    EXPECT_EQ(fault_of_any_shared_object(path_), "it is cut short: it has " + std::to_string(loaded - 1) +
+                                                     " bytes, and its segments take " + std::to_string(loaded));
 }
 
 TEST_F(SharedObject, IsNotJustAnyFile)

@@ -1,4 +1,5 @@
 #include <kelmora_json.h>
+#include <kelmora_layout.h>
 #include <kelmora_records.h>
 
 #if KELMORA_HOST_PRIVATE_POINTERS != EXPECTED_POINTERS
