@@ -21,6 +21,7 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #ifdef __GLIBC__
@@ -247,7 +248,7 @@ static void show_surroundings(void *process)
 #elif defined __UCLIBC__
     printf("C library: uClibc %d.%d.%d", __UCLIBC_MAJOR__, __UCLIBC_MINOR__, __UCLIBC_SUBLEVEL__);
 #else
-    printf("C library: neither glibc nor uClibc");
+    printf("C library: musl or another");
 #endif
     printf(", %s\n", file_of(process, "malloc"));
     *(void **)&version = dlsym(process, "jansson_version_str"); /* as POSIX has it: C knows no such conversion */
@@ -303,10 +304,12 @@ static int fits(size_t stack)
     fflush(NULL);
     child = fork();
     if (child == 0) {
+        const struct rlimit no_core = {0, 0};
         pthread_attr_t attributes;
         pthread_t thread;
         void *parsed = NULL;
 
+        setrlimit(RLIMIT_CORE, &no_core);
         pthread_attr_init(&attributes);
         if (stack != 0)
             pthread_attr_setstacksize(&attributes, stack);
@@ -325,7 +328,10 @@ static void check_stack(void)
     pthread_attr_init(&attributes);
     pthread_attr_getstacksize(&attributes, &size);
     printf("a thread's stack: %lu KB by default, ", (unsigned long)(size / 1024));
-    printf(fits(0) ? "enough for the deepest document\n" : "too little for the deepest document\n");
+    if (fits(0))
+        printf("enough for the deepest document\n");
+    else
+        printf("too little for the deepest document; give the threads that translate %d KB\n", STACK / 1024);
     if (!check(fits(STACK)))
         printf("FAILED: a thread with %d KB of stack does not parse %d lists within each other\n", STACK / 1024,
                DEEPEST);
@@ -443,10 +449,9 @@ static int takes(const struct resource *resource, const struct change *change, c
     const struct sample *sample = &resource->samples[0];
     struct node node = node_of(sample);
     struct kelmora_errorlist errors = {""};
-    const size_t missing_size = sizeof missing.lines;
     int result;
 
-    memset(missing.lines, 0, missing_size);
+    missing.lines[0] = '\0';
     result = translators[resource - resources].from(&node.resource, document, &errors);
     strncat(errors.lines, missing.lines, sizeof errors.lines - strlen(errors.lines) - 1);
     if (result != change->result || strcmp(errors.lines, change->told) != 0) {
