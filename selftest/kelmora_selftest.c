@@ -9,7 +9,7 @@
  *
  * What documents hang on records stays there until the program ends.
  */
-#define _GNU_SOURCE /* dladdr */
+#define _GNU_SOURCE /* dladdr */ /* NOLINT(bugprone-reserved-identifier) */
 
 #include <kelmora_json.h>
 #include <kelmora_records.h>
