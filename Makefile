@@ -11,7 +11,7 @@ needs_libraries = libraries
 needs_size = mips
 needs_stack = mips
 
-.PHONY: all help demo check test mips bench soak fuzz coverage mutation docs contracts lint format install clean
+.PHONY: all help demo check test mips musl bench soak fuzz coverage mutation docs contracts lint format install clean
 .DEFAULT_GOAL := all
 
 all: ## the plug-in for this machine, in build/release
@@ -37,8 +37,15 @@ test: ## the quick loop while working: the tests of PRESET (release), with gcc o
 
 mips: ## the target's plug-in, host and tests, in build/mips
 	$(call needs,host test mips)
+	@sh scripts/build.sh release selftest_vectors
 	@sh scripts/build-mips-sysroot.sh
 	@sh scripts/build.sh mips
+
+musl: ## the target's plug-in and self-test with musl, in build/mips-musl
+	$(call needs,host mips)
+	@sh scripts/build.sh release selftest_vectors
+	@sh scripts/build-musl-sysroot.sh
+	@sh scripts/build.sh mips-musl
 
 bench: ## measures WHAT (instructions): instructions, time, libraries, size or stack
 	$(call needs,host bench $(needs_$(WHAT)))

@@ -2,9 +2,7 @@
 
 #include "frame/string.h"
 
-#include <cmath>
 #include <cstring>
-#include <utility>
 
 namespace kelmora {
 
@@ -24,7 +22,9 @@ json_t *take_complete(json_t *&json, bool complete)
         json_decref(json);
         json = nullptr;
     }
-    return std::exchange(json, nullptr);
+    json_t *taken = json;
+    json = nullptr;
+    return taken;
 }
 
 } // namespace
@@ -69,7 +69,7 @@ void Encoder::boolean(const char *key, std::uint32_t value) { set(key, value != 
 
 void Encoder::real(const char *key, double value)
 {
-    if (std::isfinite(value))
+    if (__builtin_isfinite(value))
         set(key, json_real(value));
 }
 

@@ -61,8 +61,16 @@ else
 fi
 
 if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt ]; then
-    stage mips build - "building for MIPS" "sh scripts/build-mips-sysroot.sh && sh scripts/build.sh mips"
+    stage mips build release "building for MIPS" "sh scripts/build-mips-sysroot.sh && sh scripts/build.sh mips"
     tests mips mips "tests on MIPS, under qemu-mips"
+    if [ -f build/musl-source/configure ]; then
+        stage mips-musl build release "building plug-in and self-test for MIPS with musl" \
+            "sh scripts/build-musl-sysroot.sh && sh scripts/build.sh mips-musl"
+        stage mips-musl-tests run mips-musl "self-test on MIPS with musl, under qemu-mips" \
+            "[ -f build/release/selftest/vectors.inc ] || exit 77; ctest --preset mips-musl"
+    else
+        leave_out "the build for musl and its self-test"
+    fi
 else
     leave_out "the MIPS build and its tests"
 fi

@@ -59,7 +59,6 @@ EOT
 }
 
 groups=" $* "
-jansson_source=build/jansson-source
 
 mkdir -p build
 : >build/missing.txt
@@ -136,12 +135,12 @@ install() {
     done
 }
 
-# The source package of exactly the version that the native build uses. apt checks its signature; sources, lists and
-# caches are temporary, made from the system's own list of sources, so that no system configuration changes.
+# fetch_source PACKAGE[=VERSION]: the source of a package, to build/PACKAGE-source. apt checks its signature; sources, lists
+# and caches are temporary, made from the system's own list of sources, so that no system configuration changes.
 # shellcheck disable=SC2016 # what apt-get replaces
-fetch_jansson_source() {
-    version=$(dpkg-query -W -f '${source:Version}' libjansson-dev) || return 1
-    say "fetching the source of jansson $version for the MIPS build"
+fetch_source() {
+    package=${1%%=*}
+    say "fetching the source of $1 for the MIPS builds"
     work=$(mktemp -d) || return 1
     (
         cd "$work" &&
@@ -157,14 +156,23 @@ Dir::Cache::srcpkgcache "";
 EOT
             export APT_CONFIG="$work/apt.conf" &&
             apt-get update -q &&
-            apt-get source -q --download-only "jansson=$version" &&
-            dpkg-source -x jansson_*.dsc source
-    ) >build/jansson-source.log 2>&1 &&
-        rm -rf "$jansson_source" &&
-        mv "$work/source" "$jansson_source"
+            apt-get source -q --download-only "$1" &&
+            dpkg-source -x "$package"_*.dsc source
+    ) >"build/$package-source.log" 2>&1 &&
+        rm -rf "build/$package-source" &&
+        mv "$work/source" "build/$package-source"
     status=$?
     rm -rf "$work"
     return $status
+}
+
+# need_source PACKAGE FILE [VERSION]: fetches the source where its FILE is not there, and says when it cannot be had.
+need_source() {
+    [ ! -f "build/$1-source/$2" ] || return 0
+    if ! $debian || ! there mips-linux-gnu-g++ || ! there dpkg-source || ! fetch_source "$1${3:+=$3}"; then
+        say "missing: the source package of $1, from a Debian mirror that carries sources; see build/$1-source.log"
+        echo "the source package of $1" >>build/missing.txt
+    fi
 }
 
 lacking=$(missing)
@@ -188,10 +196,9 @@ for package in g++ cmake ninja-build libjansson-dev; do
     esac
 done
 
-if wanted mips && [ ! -f "$jansson_source/CMakeLists.txt" ]; then
-    if ! $debian || ! there mips-linux-gnu-g++ || ! there dpkg-source || ! fetch_jansson_source; then
-        say "missing: the source package of jansson, from a Debian mirror that carries sources; see build/jansson-source.log"
-        echo "the source package of jansson" >>build/missing.txt
-    fi
+# Of the JSON library exactly the version that the native build uses; of musl the distribution's.
+if wanted mips; then
+    need_source jansson CMakeLists.txt "$(dpkg-query -W -f '${source:Version}' libjansson-dev 2>/dev/null)"
+    need_source musl configure
 fi
 [ ! -s build/missing.txt ] || exit 3

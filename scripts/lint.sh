@@ -8,6 +8,16 @@ cd "$(dirname "$0")/.."
 
 /usr/bin/python3 -B scripts/generate_fields.py --check
 git ls-files '*.sh' | xargs shellcheck
+
+# A C++ library is configured for one C library: what the plug-in is made of includes the headers that need none, and those
+# that are the C library's.
+freestanding='bit|cfloat|climits|compare|concepts|cstdarg|cstddef|cstdint|initializer_list|limits|type_traits'
+c_library='cstdio|cstdlib|cstring|stddef\.h|stdint\.h'
+if git grep -nE '^ *# *include *<' -- frame translators include |
+    grep -vE "<($freestanding|$c_library|jansson\.h)>" >&2; then
+    echo "lint: these headers are not for all C libraries" >&2
+    exit 1
+fi
 git ls-files '*.h' '*.c' '*.cpp' | xargs clang-format --dry-run -Werror
 
 work=build/lint
@@ -64,7 +74,7 @@ bundle() {
 } >"$work/tests.txt"
 
 # Not what was left out of the build for want of something that it needs.
-git ls-files 'frame/*.cpp' 'translators/*.cpp' 'host/*.cpp' 'harness/*.cpp' 'soak/*.cpp' 'bench/*.cpp' |
+git ls-files 'frame/*.cpp' 'translators/*.cpp' 'host/*.cpp' 'harness/*.cpp' 'soak/*.cpp' 'bench/*.cpp' 'selftest/*.c*' |
     while read -r file; do grep -qF "\"$PWD/$file\"" build/release/compile_commands.json && echo "$file"; done \
         >"$work/product.txt"
 

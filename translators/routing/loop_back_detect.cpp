@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <iterator>
 
 using namespace kelmora;
 
@@ -46,7 +45,7 @@ std::int32_t number_in_hexadecimal(const char *string)
 void vlans_from_json(const Decoder &in, kelmora_loop_back_detect &detection)
 {
     const ArrayDecoder list = in.required_array("vlan_list"_key);
-    if (list.size() > std::size(detection.vlan_list))
+    if (list.size() > sizeof detection.vlan_list / sizeof *detection.vlan_list)
         in.fail("vlan_list", "vlan_list with more than 16 ids");
     // A shorter list does not clear the slots behind its end: they stay in use.
     for (std::size_t i = 0; i < list.size(); ++i) {
