@@ -55,7 +55,7 @@ soak: ## CALLS (1000000) random calls, with the known leaks, then without
 	$(call needs,host)
 	@sh scripts/soak.sh $(or $(CALLS),1000000)
 
-fuzz: ## runs both fuzzers for SECONDS (60)
+fuzz: ## runs the fuzzers for SECONDS (60)
 	$(call needs,host test sanitize)
 	@sh scripts/fuzz.sh $(or $(SECONDS),60)
 

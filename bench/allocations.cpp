@@ -23,11 +23,11 @@ template <class Call> void count(const Case &measured, const char *side, Call &c
 
 } // namespace kelmora_bench
 
-int main()
+int main(int argc, char **argv)
 {
     using namespace kelmora_bench;
-    return run_program("kelmora-bench-allocations", [] {
-        for_each_case([](const Case &measured, auto &library, auto &baseline) {
+    return run_program("kelmora-bench-allocations", [&] {
+        for_each_case(plugin_file(argc, argv), [](const Case &measured, auto &library, auto &baseline) {
             count(measured, "library", library);
             count(measured, "baseline", baseline);
         });

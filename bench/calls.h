@@ -13,6 +13,7 @@
 #include "kelmora_host.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -99,10 +100,10 @@ struct Case {
     std::size_t size;
 };
 
-/// Calls measure(case, library, baseline) for each case, with the two calls warmed up.
-template <class Measure> void for_each_case(Measure measure)
+/// Calls measure(case, library, baseline) for each case of this plug-in, with the two calls warmed up.
+template <class Measure> void for_each_case(const std::filesystem::path &file, Measure measure)
 {
-    const kelmora_host::Plugin plugin(kelmora_host::Plugin::default_path());
+    const kelmora_host::Plugin plugin(file);
     for (const Workload &workload : workloads()) {
         const kelmora_host::Resource &resource = *kelmora_host::find_resource(workload.resource);
         const kelmora_host::Registration &pair = *kelmora_host::Registry::instance().find(resource.number);

@@ -10,10 +10,10 @@ namespace kelmora_bench {
 
 namespace {
 
-void run()
+void run(const std::filesystem::path &plugin)
 {
     json_object_seed(1); // or the order in its hash tables, and with it the counts, would change from run to run
-    for_each_case([](const Case &measured, auto &library, auto &baseline) {
+    for_each_case(plugin, [](const Case &measured, auto &library, auto &baseline) {
         const std::string name =
             std::string(measured.workload.resource) + " " + measured.direction + " " + std::to_string(measured.size);
         library.prepare();
@@ -27,4 +27,8 @@ void run()
 
 } // namespace kelmora_bench
 
-int main() { return kelmora_bench::run_program("kelmora-bench-instructions", kelmora_bench::run); }
+int main(int argc, char **argv)
+{
+    using namespace kelmora_bench;
+    return run_program("kelmora-bench-instructions", [&] { run(plugin_file(argc, argv)); });
+}

@@ -225,9 +225,8 @@ void measure(const std::vector<Use> &uses, const std::vector<std::size_t> &first
         std::cout << "carries " << kibibytes * 1024 << " " << deepest_tree(kibibytes * 1024) << "\n";
 }
 
-void run()
+void run(const std::filesystem::path &file)
 {
-    const std::filesystem::path file = kelmora_host::Plugin::default_path();
     const kelmora_host::Plugin plugin(file);
     auto *add = reinterpret_cast<decltype(add_neighbors) *>(dlsym(dlopen(file.c_str(), RTLD_LAZY), "add_neighbors"));
     if (add == nullptr)
@@ -246,4 +245,8 @@ void run()
 
 } // namespace kelmora_bench
 
-int main() { return kelmora_bench::run_program("kelmora-bench-stack", kelmora_bench::run); }
+int main(int argc, char **argv)
+{
+    using namespace kelmora_bench;
+    return run_program("kelmora-bench-stack", [&] { run(plugin_file(argc, argv)); });
+}

@@ -1,6 +1,7 @@
 # What a build can choose, and the compiler flags that follow from it.
 
 option(KELMORA_RELEASE_ALL "Release every parsed document, also those of the known leaks" OFF)
+option(KELMORA_DIRECT_TEXT "Write JSON straight into the host's buffer, not by way of jansson's values" OFF)
 set(KELMORA_HOST_PRIVATE_POINTERS 2 CACHE STRING "Pointers of the host's own in front of a resource node's fields")
 set(KELMORA_TR069_HOST_BLOCK_SIZE 4 CACHE STRING "Bytes of the host's own inside the record of tr069_config")
 set(KELMORA_SANITIZE "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")

@@ -14,8 +14,8 @@ using NodeId = char[KELMORA_ID_SIZE];
 
 class ArrayEncoder;
 
-/// A JSON object in the making. Each call adds one key, in the order of the calls; a key that is there already keeps
-/// its place and takes the new value. Keys are constants.
+/// A JSON object in the making. Each call adds one key, in the order of the calls; a key that an earlier node gave keeps
+/// its place and takes the new value. A node gives each key once. Keys are constants.
 ///
 /// What jansson cannot express is left out without being an error: a string that is not UTF-8 after its cut, a real
 /// that is not finite. Where memory runs out the object counts as incomplete from then on, and so does everything that
@@ -71,7 +71,7 @@ class ArrayEncoder {
 public:
     ArrayEncoder();
 
-    /// Adds to an array that is there already: one reference, taken over.
+    /// Adds to an array that is there already: one reference, taken over. See extend().
     explicit ArrayEncoder(json_t *array) : array_(array) {}
 
     ArrayEncoder(const ArrayEncoder &) = delete;
@@ -108,6 +108,17 @@ template <class Fill> void Encoder::array(const char *key, Fill fill)
     ArrayEncoder nested;
     fill(nested);
     set(key, nested);
+}
+
+/// Adds elements to an array that is there already: fill(ArrayEncoder &) does. Returns false when it is none and there
+/// are elements, when it is NULL, and where memory ran out: the array may then have some of them, each of them whole.
+template <class Fill> [[nodiscard]] bool extend(json_t *array, Fill fill)
+{
+    ArrayEncoder list(json_incref(array));
+    fill(list);
+    json_t *complete = list.take();
+    json_decref(complete);
+    return complete != nullptr;
 }
 
 } // namespace kelmora

@@ -18,6 +18,17 @@ bool make_room(char **out, std::size_t length)
     return true;
 }
 
+bool hand_over(const char *text, char **out)
+{
+    if (text == nullptr)
+        return false;
+    const std::size_t length = std::strlen(text);
+    if (!make_room(out, length))
+        return false;
+    std::memcpy(*out, text, length + 1);
+    return true;
+}
+
 } // namespace kelmora
 
 uintptr_t libkelmora_json_check_data_size(const char *text, char **out)

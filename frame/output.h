@@ -13,6 +13,9 @@ inline constexpr std::size_t smallest_buffer = 4096;
 /// was, when there is no memory.
 [[nodiscard]] bool make_room(char **out, std::size_t length);
 
+/// Copies a text into the host's output buffer. Returns false when there is no text (NULL) or no room for it.
+[[nodiscard]] bool hand_over(const char *text, char **out);
+
 } // namespace kelmora
 
 #endif

@@ -89,13 +89,19 @@ std::int64_t blocks_of_document(const std::string &text)
 
 void check_text(const char *buffer, bool moved, const ToRequest &request, ToAnswer &answer)
 {
-    const std::size_t capacity = moved ? answer.reallocated_size : promised_size;
+    const bool half = answer.result == 0 && request.may_leave_half; // in a buffer that grew, but not enough
+    const std::size_t capacity = moved && !half ? answer.reallocated_size : promised_size;
     if (request.raw_bytes != 0) {
         answer.text.assign(buffer, request.raw_bytes);
     } else {
         answer.text.assign(buffer, strnlen(buffer, capacity));
         if (answer.text.size() == capacity)
             answer.faults.emplace_back("the text does not end within its buffer");
+    }
+    if (half) {
+        if (answer.reallocations == 0 && !is_untouched(buffer + capacity, guard_size))
+            answer.faults.emplace_back("written behind the buffer");
+        return;
     }
     if (moved) {
         if (answer.reallocated_size != answer.text.size() + 1)
@@ -141,9 +147,11 @@ ToAnswer call_to(kelmora_to_translator to, std::vector<Node> &nodes, const ToReq
     const std::size_t alive_before = ledger::alive();
 
     Guard guard(buffer + promised_size);
+    ledger::follow(buffer);
     ledger::fail(request.memory);
     ToAnswer answer{to(head, &out), {}, ledger::asked_for(), ledger::reallocations(), ledger::reallocated_size(), {}};
     ledger::pass();
+    ledger::follow(nullptr);
     // The buffer is moved by a reallocation that does not fail, and by that alone.
     const bool moved = answer.reallocations != 0 && (out != buffer || answer.result == 1);
     if (out != buffer)

@@ -32,6 +32,7 @@ struct ToRequest {
     std::optional<std::uint32_t> count = std::nullopt; ///< of the head; that of the nodes where none is given
     std::size_t raw_bytes = 0;                         ///< that a raw resource writes; 0 where it writes a text
     FailingAllocation memory = {};
+    bool may_leave_half = false; ///< behind the empty document of a call that ran out of memory: half a text
 };
 
 /// What a to-translator answered.
@@ -39,7 +40,7 @@ struct ToAnswer {
     int result;
     std::string text;             ///< or the bytes of a raw resource; empty when nothing was written
     std::size_t allocations;      ///< that it asked for, reallocations included
-    std::size_t reallocations;    ///< among them
+    std::size_t reallocations;    ///< of the buffer, among them
     std::size_t reallocated_size; ///< what the last of those asked for
     std::vector<std::string> faults;
 };

@@ -32,6 +32,7 @@ struct Requests {
     std::size_t asked_for;
     std::size_t reallocations;
     std::size_t reallocated_size;
+    const void *followed;
     FailingAllocation failing;
 
     /// Counts one; whether it is to fail.
@@ -140,6 +141,8 @@ std::size_t reallocations() { return requests.reallocations; }
 
 std::size_t reallocated_size() { return requests.reallocated_size; }
 
+void follow(const void *block) { requests.followed = block; }
+
 void fail(std::size_t n, Failing failing)
 {
     requests.asked_for = 0;
@@ -182,13 +185,18 @@ void *__wrap_calloc(std::size_t count, std::size_t size)
 void *__wrap_realloc(void *block, std::size_t size)
 {
     using namespace kelmora_harness;
-    ++requests.reallocations;
-    requests.reallocated_size = size;
+    const bool followed = requests.followed != nullptr && requests.followed == block;
+    if (followed || requests.followed == nullptr) {
+        ++requests.reallocations;
+        requests.reallocated_size = size;
+    }
     if (requests.fails())
         return nullptr;
     void *moved = __real_realloc(block, size);
     if (moved == nullptr)
         return nullptr;
+    if (followed)
+        requests.followed = moved;
     if (!places_are_gone) {
         places.of_the_library.erase(block);
         places.of_the_library.insert(moved);

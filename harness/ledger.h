@@ -60,9 +60,13 @@ void forget_json();
 /// Allocations asked for since the last call of fail() or pass(), reallocations included.
 [[nodiscard]] std::size_t asked_for();
 
-/// The reallocations among them, and the size that the last of them asked for.
+/// The reallocations among them, and the size that the last of them asked for: of the block that is followed, or of any
+/// where none is.
 [[nodiscard]] std::size_t reallocations();
 [[nodiscard]] std::size_t reallocated_size();
+
+/// Follows a block, also where it is moved to; NULL follows none.
+void follow(const void *block);
 
 /// The n-th allocation from now on fails, counted from 1; 0 fails none.
 void fail(std::size_t n, Failing failing);

@@ -16,10 +16,12 @@ on_mips() {
 
 case $1 in
 instructions)
-    sh scripts/build.sh release kelmora-bench-instructions kelmora-bench-allocations
+    sh scripts/build.sh release kelmora-bench-instructions kelmora-bench-allocations kelmora_json_direct
     python3 -B scripts/bench_instructions.py release
-    on_mips kelmora-bench-instructions kelmora-bench-allocations
+    python3 -B scripts/bench_instructions.py --direct release
+    on_mips kelmora-bench-instructions kelmora-bench-allocations kelmora_json_direct
     python3 -B scripts/bench_instructions.py mips
+    python3 -B scripts/bench_instructions.py --direct mips
     ;;
 time)
     sh scripts/build.sh release kelmora-bench
@@ -30,12 +32,13 @@ libraries)
     python3 -B scripts/bench_other_libraries.py
     ;;
 size)
-    on_mips kelmora_json kelmora-bench-pages
+    on_mips kelmora_json kelmora_json_direct kelmora-bench-pages
     python3 -B scripts/size.py
     ;;
 stack)
-    on_mips kelmora_json kelmora-bench-stack
+    on_mips kelmora_json kelmora_json_direct kelmora-bench-stack
     python3 -B scripts/stack.py
+    python3 -B scripts/stack.py --direct
     ;;
 *)
     echo "bench: no $1; one of: instructions time libraries size stack" >&2

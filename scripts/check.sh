@@ -79,7 +79,9 @@ if can_sanitize; then
     stage asan build - "building with AddressSanitizer and UndefinedBehaviorSanitizer, with clang" \
         "sh scripts/build.sh asan"
     tests asan asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer"
-    stage fuzz run asan "fuzzing, 30 seconds each" "sh scripts/fuzz.sh 30"
+    stage fuzz run asan "fuzzing, 30 seconds each" "sh scripts/fuzz.sh 30 from_fuzzer round_trip_fuzzer"
+    stage direct-fuzz run asan "the same records to both builds of the plug-in, 60 seconds" \
+        "sh scripts/fuzz.sh 60 direct_fuzzer"
     stage tsan build - "building the soak and the server with ThreadSanitizer, with clang" \
         "sh scripts/build.sh tsan kelmora-soak kelmora_json kelmora-host"
     stage tsan-tests run tsan "all resources at once in eight threads, and the server, with ThreadSanitizer" \

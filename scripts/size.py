@@ -12,7 +12,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-from programs import ROOT, built, run, run_program
+from programs import ROOT, built, direct_plugin, run, run_program
 
 HEADER = (ROOT / "include/kelmora_json.h").read_text()
 VERSION = re.search(r'KELMORA_JSON_VERSION "(.*)"', HEADER)[1]
@@ -89,6 +89,8 @@ def main():
     print_pages()
     print_units()
     print_library(JANSSON.resolve())
+    print("\nwith KELMORA_DIRECT_TEXT", end="")
+    print_library(direct_plugin("mips"))
 
 
 if __name__ == "__main__":

@@ -7,16 +7,16 @@ With --check it prints one line, and fails when a translator takes more than its
 import argparse
 import sys
 
-from programs import run_program
+from programs import direct_plugin, run_program
 
 STACK = 8 * 1024  # what a translator may take all in all, but for what grows with a document's or a tree's depth
 DEEPEST = 10  # translators to list of each direction
 
 
-def measure():
+def measure(plugin):
     """{kind of line: [words of a line]}"""
     lines = {}
-    for line in run_program("mips", "kelmora-bench-stack").splitlines():
+    for line in run_program("mips", "kelmora-bench-stack", *plugin).splitlines():
         kind, *words = line.split()
         lines.setdefault(kind, []).append([int(word) if word.isdigit() else word for word in words])
     return lines
@@ -58,10 +58,11 @@ def print_measured(lines):
 def main():
     arguments = argparse.ArgumentParser(description=__doc__)
     arguments.add_argument("--check", action="store_true", help="print one line, and fail past the bound")
-    check = arguments.parse_args().check
+    arguments.add_argument("--direct", action="store_true", help="measure the plug-in of KELMORA_DIRECT_TEXT")
+    options = arguments.parse_args()
 
-    lines = measure()
-    if not check:
+    lines = measure([direct_plugin("mips")] if options.direct else [])
+    if not options.check:
         print_measured(lines)
         return
     use = max(lines["use"], key=lambda words: words[3])

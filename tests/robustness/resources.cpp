@@ -1,5 +1,6 @@
 #include "tests/robustness/resources.h"
 
+#include "tests/support/direct_text.h"
 #include "tests/support/faults.h"
 
 #include "harness/call.h"
@@ -49,10 +50,12 @@ std::string example_of(const Resource &resource)
 
 Written write_out(const Resource &resource, Nodes &nodes, bool as_list, FailingAllocation memory)
 {
-    kelmora_harness::ToAnswer answer = kelmora_harness::call_to(kelmora_harness::translators_of(resource).to, nodes,
-                                                                {.as_list = as_list, .memory = memory});
+    kelmora_harness::ToAnswer answer =
+        kelmora_harness::call_to(kelmora_harness::translators_of(resource).to, nodes,
+                                 {.as_list = as_list, .memory = memory, .may_leave_half = direct_text});
     expect_none(answer.faults);
-    return {answer.result, std::move(answer.text), answer.allocations, answer.reallocations, answer.reallocated_size};
+    return {answer.result, std::move(answer.text), answer.allocations, enlargements(answer.reallocations),
+            answer.reallocated_size};
 }
 
 Answer read_in(const Resource &resource, const std::string &text, FailingAllocation memory,

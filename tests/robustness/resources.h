@@ -63,7 +63,7 @@ struct Written {
     int result;
     std::string text;
     std::size_t allocations;      ///< that it asked for, reallocations included
-    std::size_t reallocations;    ///< among them
+    std::size_t reallocations;    ///< of the buffer, among them
     std::size_t reallocated_size; ///< what the last of those asked for
 };
 

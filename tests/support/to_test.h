@@ -40,7 +40,7 @@ protected:
 
     // What the last call asked for.
     std::size_t allocations_ = 0;
-    std::size_t reallocations_ = 0;
+    std::size_t reallocations_ = 0; ///< that enlarged the buffer
 
 private:
     std::string text(bool as_list, std::optional<std::uint32_t> count = std::nullopt);

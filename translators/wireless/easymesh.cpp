@@ -80,11 +80,8 @@ void from_json(Decoder &in, kelmora_easymesh &mesh)
 
 int add_neighbors(const kelmora_easymesh_neighbor *node, json_t *array)
 {
-    ArrayEncoder list(json_incref(array));
-    neighbors_to_json(list, node);
-    json_t *complete = list.take();
-    json_decref(complete);
-    return complete != nullptr ? 0 : -1;
+    const bool done = extend(array, [&](ArrayEncoder &list) { neighbors_to_json(list, node); });
+    return done ? 0 : -1;
 }
 
 int easymesh_to_translator(kelmora_resource *head, char **out)

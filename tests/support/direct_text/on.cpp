@@ -1,0 +1,3 @@
+#include "tests/support/direct_text.h"
+
+const bool kelmora_test::direct_text = true;
