@@ -88,7 +88,9 @@ bool is_program(std::ifstream &file, const ByteOrder &order, const std::vector<t
         segments, [&order](const typename Elf::Segment &segment) { return order(segment.p_type) == PT_DYNAMIC; });
     if (dynamic == segments.end())
         return false;
-    std::vector<typename Elf::Dynamic> entries(order(dynamic->p_filesz) / sizeof(typename Elf::Dynamic));
+    // The segment ends within the file, so the number fits.
+    std::vector<typename Elf::Dynamic> entries(
+        static_cast<std::size_t>(order(dynamic->p_filesz) / sizeof(typename Elf::Dynamic)));
     return read_at(file, order(dynamic->p_offset), entries.data(), entries.size()) &&
            std::ranges::any_of(entries, [&order](const typename Elf::Dynamic &entry) {
                return order(entry.d_tag) == DT_FLAGS_1 && (order(entry.d_un.d_val) & DF_1_PIE) != 0;
