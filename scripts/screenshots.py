@@ -11,7 +11,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tests" / "page"))
 import page_test  # noqa: E402 # pylint: disable=import-error,wrong-import-position
 
-SIZE = (1280, 800)
+SIZE = (1440, 900)
 LOSSY = (ROOT / "examples" / "wireless-lossy.json").read_text()
 
 
