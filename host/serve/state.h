@@ -76,7 +76,7 @@ private:
     void fill(const Resource &resource, Shelf &shelf);
 
     const Gateway beginning_;
-    std::atomic<std::uint64_t> next_version_ = 1;
+    std::atomic<std::size_t> next_version_ = 1; // as wide as every target counts at once
     std::vector<Shelf> shelves_; ///< by the resources' numbers
 };
 
