@@ -178,10 +178,13 @@ std::optional<Answer> Api::fault_of_sender(const Request &head) const
                            [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     if (std::ranges::find(hosts, host) == hosts.end())
         return problem(403, "a foreign Host: this server is " + enumeration(hosts, "or"));
-    for (auto [origin, end] = head.headers.equal_range("Origin"); origin != end; ++origin) {
+    const auto [begin, end] = head.headers.equal_range("Origin");
+    for (auto each = begin; each != end; ++each) {
+        const std::string &origin = each->second;
+        constexpr std::string_view scheme = "http://";
         const bool own =
-            std::ranges::any_of(hosts, [&](const std::string &each) { return origin->second == "http://" + each; });
-        if (!own && origin->second != options_.cors_origin)
+            origin.starts_with(scheme) && std::ranges::find(hosts, origin.substr(scheme.size())) != hosts.end();
+        if (!own && origin != options_.cors_origin)
             return problem(403, "a foreign Origin; kelmora-host serve --cors-origin allows one");
     }
     return std::nullopt;
