@@ -3,7 +3,6 @@
 #include "frame/document.h"
 #include "frame/string.h"
 
-#include <cmath>
 #include <cstdlib>
 #include <cstring>
 
@@ -79,7 +78,7 @@ void Container::boolean(const char *key, std::uint32_t value)
 
 void Container::real(const char *key, double value)
 {
-    if (!std::isfinite(value))
+    if (!__builtin_isfinite(value))
         return;
     const Document real(json_real(value));
     char *digits = json_dumps(real.root(), JSON_ENCODE_ANY); // those of the host's jansson

@@ -2,11 +2,23 @@
 
 #include "frame/output.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
 namespace kelmora {
+
+namespace {
+
+void reverse(char *first, char *end)
+{
+    for (; first < end && first < --end; ++first) {
+        const char byte = *first;
+        *first = *end;
+        *end = byte;
+    }
+}
+
+} // namespace
 
 int compare(const char *left, const char *right)
 {
@@ -60,9 +72,9 @@ bool Text::learn(Open &in, const char *key, std::size_t size)
     char *const fresh = text_ + starts[in.members];
     const auto size = at_ - fresh;
     forget_inside(value, at_);
-    std::reverse(value, at_);
-    std::reverse(value, value + size);
-    std::reverse(value + size, value + size + (fresh - others));
+    reverse(value, at_);
+    reverse(value, value + size);
+    reverse(value + size, value + size + (fresh - others));
     at_ -= others - value;
     for (unsigned i = in.again + 1U; i < in.members; ++i)
         starts[i] += static_cast<std::size_t>(size - (others - value));
@@ -245,7 +257,8 @@ void Text::place_in_order(unsigned first, unsigned last, char *sorted)
     if (failed_)
         return false;
     const std::size_t used = length();
-    const std::size_t capacity = std::max(used + std::max(size, used) + 1, smallest_buffer);
+    const std::size_t wanted = used + (size > used ? size : used) + 1;
+    const std::size_t capacity = wanted > smallest_buffer ? wanted : smallest_buffer;
     auto *text = static_cast<char *>(std::realloc(text_, capacity));
     if (text == nullptr) {
         fail();
