@@ -77,7 +77,7 @@ private:
 
     const Gateway beginning_;
     std::atomic<std::size_t> next_version_ = 1; // as wide as every target counts at once
-    std::vector<Shelf> shelves_; ///< by the resources' numbers
+    std::vector<Shelf> shelves_;                ///< by the resources' numbers
 };
 
 class State::Writer {
