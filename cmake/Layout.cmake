@@ -1,8 +1,10 @@
 # The header with which a host proves that its records are laid out as the plug-in's. It depends on this build's values, so
 # it is made here and not kept; by a program of its own, which needs no library, so that it is installed as well where the
-# development host is not built. A cross build needs a way to run that program.
-if(CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR)
-    message(STATUS "kelmora_layout.h is left out: a program for the target cannot be run here")
+# development host is not built. A cross build needs a C++ library for that program, and a way to run it.
+include(CheckIncludeFileCXX)
+check_include_file_cxx(fstream KELMORA_HAVE_CXX_LIBRARY)
+if(NOT KELMORA_HAVE_CXX_LIBRARY OR (CMAKE_CROSSCOMPILING AND NOT CMAKE_CROSSCOMPILING_EMULATOR))
+    message(STATUS "kelmora_layout.h is left out: a program for the target cannot be built or run here")
     return()
 endif()
 
