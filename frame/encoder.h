@@ -14,8 +14,8 @@ using NodeId = char[KELMORA_ID_SIZE];
 
 class ArrayEncoder;
 
-/// A JSON object in the making. Each call adds one key, in the order of the calls; a key that an earlier node gave keeps
-/// its place and takes the new value. A node gives each key once. Keys are constants.
+/// A JSON object in the making. Each call adds one key, in the order of the calls; a key that an earlier node gave
+/// keeps its place and takes the new value. A node gives each key once. Keys are constants.
 ///
 /// What jansson cannot express is left out without being an error: a string that is not UTF-8 after its cut, a real
 /// that is not finite. Where memory runs out the object counts as incomplete from then on, and so does everything that
