@@ -36,9 +36,10 @@ checks=$checks,-bugprone-signed-char-misuse,-bugprone-implicit-widening-of-multi
 checks=$checks,-performance-inefficient-string-concatenation
 
 # bundle NAME FILE...: one source that includes them all, as what costs is the headers that they have in common. Each
-# file gets its namespace for itself.
+# file gets its namespace for itself. Files that get into each other's way all the same are bundled by halves.
 bundle() {
-    bundle=$work/$1.cpp
+    name=$1
+    bundle=$work/$name.cpp
     shift
     {
         grep -hE '^#include' "$@" | sort -u
@@ -53,7 +54,13 @@ bundle() {
     } >"$bundle"
     if sed 's/"/\\"/g' "$work/compile_flags.txt" | xargs clang++ -fsyntax-only "$bundle" 2>"$bundle.log"; then
         echo "$bundle"
-    else # files that get into each other's way
+    elif [ $# -gt 2 ]; then
+        half=$(($# / 2))
+        first=$(printf '%s\n' "$@" | head -n $half)
+        second=$(printf '%s\n' "$@" | tail -n +$((half + 1)))
+        # shellcheck disable=SC2086 # file names are words
+        (bundle "${name}a" $first) && (bundle "${name}b" $second)
+    else
         printf '%s\n' "$@"
     fi
 }

@@ -31,7 +31,7 @@ namespace kelmora_host {
 /// A request with what it asks for.
 struct Api::Call {
     const Request &request;
-    Target target;
+    RequestTarget target;
     const Route *route = nullptr;
     PathArguments arguments;
     const Resource *resource = nullptr; ///< where the route has one
@@ -76,7 +76,7 @@ Answer no_record(const Resource &resource, std::string_view id)
 }
 
 /// Of what a query has that the route does not take; nothing when all is well.
-std::optional<Answer> fault_of_query(const Route &route, const Target &target)
+std::optional<Answer> fault_of_query(const Route &route, const RequestTarget &target)
 {
     for (const auto &[name, value] : target.query) {
         const auto parameter = std::ranges::find(route.parameters, name, &Parameter::name);
@@ -255,7 +255,7 @@ std::optional<Answer> Api::find_fault(const Request &head, Call &call) const
 {
     if (std::optional<Answer> fault = fault_of_sender(head))
         return fault;
-    std::optional<Target> target = parse_target(head.target);
+    std::optional<RequestTarget> target = parse_target(head.target);
     if (!target)
         return problem(400, "the target is no path with a query, percent-encoded");
     call.target = std::move(*target);

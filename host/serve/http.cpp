@@ -62,7 +62,7 @@ std::optional<std::string> query_decoded(std::string_view text)
     return percent_decoded(spaced);
 }
 
-bool add_to_query(std::string_view query, Target &target)
+bool add_to_query(std::string_view query, RequestTarget &target)
 {
     for (const std::string_view pair : split(query, '&')) {
         if (pair.empty())
@@ -99,11 +99,11 @@ std::string_view header(const Answer &answer, std::string_view name)
     return found != answer.headers.end() ? std::string_view(found->second) : std::string_view();
 }
 
-std::optional<Target> parse_target(std::string_view target)
+std::optional<RequestTarget> parse_target(std::string_view target)
 {
     if (!target.starts_with('/'))
         return std::nullopt;
-    Target parsed;
+    RequestTarget parsed;
     const std::size_t question = target.find('?');
     for (const std::string_view segment : split(target.substr(1, question - 1), '/')) {
         std::optional<std::string> decoded = percent_decoded(segment);

@@ -44,7 +44,7 @@ struct Answer {
 [[nodiscard]] std::string_view header(const Answer &answer, std::string_view name);
 
 /// A target, taken apart and decoded.
-struct Target {
+struct RequestTarget {
     std::vector<std::string>
         segments; ///< of "/a/b%2Fc" "a" and "b/c", of "/a/" "a" and an empty one, of "/" that alone
     std::map<std::string, std::string, std::less<>> query;
@@ -52,7 +52,7 @@ struct Target {
 
 /// Nothing when the target is none: it does not begin with a slash, has a percent sign without two digits, a NUL byte,
 /// or a name twice in its query.
-[[nodiscard]] std::optional<Target> parse_target(std::string_view target);
+[[nodiscard]] std::optional<RequestTarget> parse_target(std::string_view target);
 
 /// "a%2Fb": the text as a segment of a path. All but letters, digits and -._~ are encoded.
 [[nodiscard]] std::string percent_encoded(std::string_view text);

@@ -8,7 +8,6 @@ namespace kelmora_host {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 constexpr Resource radio{5, "radio", "wireless", Directions::both};
 constexpr Resource status{17, "status", "device", Directions::to_only};

@@ -12,7 +12,6 @@ namespace kelmora_host {
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 // That it holds, as C and as C++, tests/include says.
 

@@ -16,18 +16,18 @@ namespace kelmora_host {
 
 namespace {
 
+#ifndef KELMORA_HAVE_LIBELF
+
+TEST(Examine, NeedsLibelf) { EXPECT_THROW((void)examine("/proc/self/exe", {}), ElfError); }
+
+#else
+
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 using testing::StartsWith;
-
-#ifndef KELMORA_HAVE_LIBELF
-
-TEST(Examine, NeedsLibelf) { EXPECT_THROW((void)examine("/proc/self/exe", {}), ElfError); }
-
-#else
 
 /// "MESSAGE [CODE]" of each fault.
 std::vector<std::string> faults(const Examination &examination)

@@ -13,12 +13,6 @@ namespace kelmora_host {
 
 namespace {
 
-using testing::Contains;
-using testing::ElementsAre;
-using testing::Field;
-using testing::IsEmpty;
-using testing::Not;
-
 #ifndef KELMORA_HAVE_LIBELF
 
 TEST(ElfFile, CannotBeReadWithoutLibelf)
@@ -28,6 +22,12 @@ TEST(ElfFile, CannotBeReadWithoutLibelf)
 }
 
 #else
+
+using testing::Contains;
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
+using testing::Not;
 
 std::string error_of(const std::filesystem::path &path)
 {

@@ -7,11 +7,11 @@ int kelmora_json_init(void)
 {
     int result = 0;
 #define REGISTER(number, name, group, directions)                                                                      \
-    if (number != 5 && number != 15)                                                                                   \
+    if ((number) != 5 && (number) != 15)                                                                               \
         result = kelmora_set_translators(number, name##_from_translator, name##_to_translator);                        \
-    if (number == 0)                                                                                                   \
+    if ((number) == 0)                                                                                                 \
         result = kelmora_set_translators(5, wan_from_translator, radio_to_translator);                                 \
-    if (number == 12)                                                                                                  \
+    if ((number) == 12)                                                                                                \
         result = kelmora_set_translators(12, telnet_from_translator, telnet_to_translator);
 
     KELMORA_RESOURCES(REGISTER)

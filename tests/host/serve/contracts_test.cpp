@@ -42,6 +42,7 @@ TEST_F(ContractsTest, AreLearnedOnceWhoeverAsks)
     const int calls_of_one = calls.exchange(0);
     ASSERT_GT(calls_of_one, 0);
     std::vector<std::thread> threads;
+    threads.reserve(8);
     std::atomic<int> same = 0;
     for (int i = 0; i < 8; ++i)
         threads.emplace_back([&] { same += &contracts.of(status) == &contracts.of(status) ? 1 : 0; });

@@ -11,7 +11,7 @@ using namespace std::string_literals;
 using testing::ElementsAre;
 using testing::Pair;
 
-TEST(Target, IsTakenApartBeforeItIsDecoded)
+TEST(RequestTarget, IsTakenApartBeforeItIsDecoded)
 {
     EXPECT_THAT(parse_target("/a/b%2Fc")->segments, ElementsAre("a", "b/c"));
     EXPECT_THAT(parse_target("/")->segments, ElementsAre(""));
@@ -21,7 +21,7 @@ TEST(Target, IsTakenApartBeforeItIsDecoded)
     EXPECT_THAT(parse_target("/a+b")->segments, ElementsAre("a+b"));
 }
 
-TEST(Target, HasAQuery)
+TEST(RequestTarget, HasAQuery)
 {
     EXPECT_THAT(parse_target("/a?x=1&y=%26+%2B&&z")->query,
                 ElementsAre(Pair("x", "1"), Pair("y", "& +"), Pair("z", "")));
@@ -29,7 +29,7 @@ TEST(Target, HasAQuery)
     EXPECT_THAT(parse_target("/a?b/c")->segments, ElementsAre("a"));
 }
 
-TEST(Target, IsNoneWhenItIsBroken)
+TEST(RequestTarget, IsNoneWhenItIsBroken)
 {
     for (const char *target : {"", "a", "*", "http://localhost/", "/%", "/%1", "/%1g", "/%00", "/a?%", "/a?x=1&x=2"})
         EXPECT_FALSE(parse_target(target)) << target;

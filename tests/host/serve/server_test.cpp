@@ -263,6 +263,7 @@ TEST_F(ServerTest, EndsAConnectionOnWhichNothingComes)
 TEST_F(ServerTest, LetsFurtherConnectionsWait)
 {
     std::vector<std::unique_ptr<Client>> slow;
+    slow.reserve(20);
     for (int i = 0; i < 20; ++i)
         slow.push_back(std::make_unique<Client>(server.port()));
     EXPECT_THAT(answer_to(head("GET /api/v1/ids/qos")), HasSubstr("[\"0\"]"));

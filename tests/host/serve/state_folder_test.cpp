@@ -102,6 +102,7 @@ TEST_F(StateFolder, TellsWhatCannotBeReadAndGoesOn)
     put("qos/" + std::string(129, 'x') + ".json", good);
     const std::vector<AppliedFile> applied = apply_folder(folder, gateway);
     std::vector<std::string> faults;
+    faults.reserve(applied.size());
     for (const AppliedFile &file : applied)
         faults.push_back(file.fault);
     EXPECT_THAT(faults, ElementsAre("its name is no id", "Is a directory", "", "its name is no id",

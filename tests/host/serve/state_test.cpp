@@ -105,6 +105,7 @@ TEST_F(StateTest, ComesBackToItsBeginning)
 TEST_F(StateTest, LetsOneWriterAtATimeReadAndChangeWithoutLosingAnything)
 {
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([this] {
             for (int i = 0; i < 100; ++i) {
