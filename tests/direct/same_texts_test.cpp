@@ -181,11 +181,11 @@ TEST(SameTextsOfAnyLength, AboutTheSmallestBuffer)
     }
 }
 
-/// Deeper than the levels whose keys are remembered, where jansson takes over.
+/// Deeper than there are levels whose members are remembered.
 TEST(SameTextsOfAnyDepth, OfMeshNeighbours)
 {
     const Resource &resource = *kelmora_host::find_resource("easymesh");
-    for (int levels = 0; levels < 12; ++levels) {
+    for (int levels = 0; levels < 40; ++levels) {
         kelmora_easymesh mesh{};
         for (int level = 0; level < levels; ++level) {
             kelmora_easymesh_neighbor neighbor{};
