@@ -26,14 +26,14 @@ mkdir -p "$work"
 
 # What tests are compiled with, but for precompiled headers, which are another compiler's. The analyzer takes half a
 # minute for each file of tests, and follows the paths of GoogleTest's macros; it is for the product. Tests also may
-# join strings as they like, compare bytes, and multiply small numbers.
+# join strings as they like, also literals, compare bytes, and multiply small numbers.
 {
     printf '%s\n' -std=c++20 "-I$PWD" "-I$PWD/include" -DFMT_HEADER_ONLY -Wno-missing-field-initializers
     grep -oE -e '-DKELMORA_[A-Z0-9_]+=[^ ]+' build/release/compile_commands.json | sed 's,[\],,g' | sort -u
 } >"$work/compile_flags.txt"
 checks='-clang-analyzer-*,-bugprone-suspicious-include,-bugprone-suspicious-memory-comparison'
 checks=$checks,-bugprone-signed-char-misuse,-bugprone-implicit-widening-of-multiplication-result
-checks=$checks,-performance-inefficient-string-concatenation
+checks=$checks,-performance-inefficient-string-concatenation,-bugprone-suspicious-missing-comma
 
 # bundle NAME FILE...: one source that includes them all, as what costs is the headers that they have in common. Each
 # file gets its namespace for itself. Files that get into each other's way all the same are bundled by halves.

@@ -372,8 +372,8 @@ TEST(Learn, FindsTheOrderThatQosClassificationRefuses)
                           "/mode u32 required",
                           "/precedence obj required (precedence, precedence fields not found) checked " + precedence,
                           "/precedence/precedence u32 required " + precedence + " -> precedence",
-                          std::string("/precedence/cos_802_1p u32 required (precedence.cos_802_1p, cos_802_1p ")
-                              .append("fields not found) -> cos_802_1p"),
+                          "/precedence/cos_802_1p u32 required (precedence.cos_802_1p, cos_802_1p "
+                          "fields not found) -> cos_802_1p",
                           "/precedence/dscp_remarking u8 required (precedence.dscp_remarking, "
                           "dscp_remarking fields not found) -> dscp_remarking",
                           "/port obj",
@@ -471,7 +471,8 @@ TEST(Learn, FindsTheLifetimesOfIpv6RadvdThatStopAtTheLargest)
         ElementsAreArray(Lines{
             "/max_rtr_adv_interval u32 required", "/min_rtr_adv_interval u32 required",
             "/adv_managed_flag bool required", "/ipv6_prefix_mode_auto bool required",
-            std::string("/ipv6_prefix obj required checked (ipv6_prefix:prefix, prefix field ").append("not found)"),
+            "/ipv6_prefix obj required checked (ipv6_prefix:prefix, prefix field "
+            "not found)",
             in("ipv6_prefix", "prefix", "str45"), in("ipv6_prefix", "prefix_size", "u16"),
             "/ipv6_prefix/adv_valid_lifetime num u32 required "
             "(ipv6_prefix:adv_valid_lifetime, adv_valid_lifetime field not found) "
@@ -524,8 +525,8 @@ TEST(Learn, FindsTheVariantsOfAnMtpOfTr369LocalAgentController)
             "/enabled bool required", "/endpoint_id str255 required", "/periodic_notific_interval i32 required",
             "/mtp list required appends empty keeps", "/mtp/* obj checked (mtp, missing enabled field)",
             "/mtp/*/enabled bool required (mtp, missing enabled field)",
-            std::string("/mtp/*/protocol u32 required (mtp, missing protocol field) values 0,1 else ")
-                .append("(mtp.protocol, invalid protocol)"),
+            "/mtp/*/protocol u32 required (mtp, missing protocol field) values 0,1 else "
+            "(mtp.protocol, invalid protocol)",
             "/mtp/*/websocket obj required looked at when /mtp/*/protocol=0 " + websocket + " checked " + websocket,
             "/mtp/*/websocket/host str255 required " + websocket + " -> mtp[].variant.websocket.host",
             "/mtp/*/websocket/port i32 required (mtp.websocket.port, missing port field) "
@@ -563,8 +564,8 @@ TEST(Learn, FindsTheSettingsThatTr369LocalAgentMtpTakesForMqttAlone)
     };
     EXPECT_THAT(taken("tr369_local_agent_mtp"),
                 ElementsAreArray(Lines{"/enabled bool required", "/protocol u32 required values 1",
-                                       std::string("/mqtt_config obj required looked at when /protocol=1 checked ")
-                                           .append("(mqtt_config.reference, mqtt_config.reference field not found)"),
+                                       "/mqtt_config obj required looked at when /protocol=1 checked "
+                                       "(mqtt_config.reference, mqtt_config.reference field not found)",
                                        in("reference", "str127"), in("reference_topic", "str256"), in("qos", "u32")}));
     EXPECT_THAT(written("tr369_local_agent_mtp"),
                 ElementsAre("/enabled bool", "/id str128 id", "/protocol u32", "/mqtt_config obj",
@@ -616,14 +617,13 @@ TEST(Learn, FindsTheStringsThatFirewallUrlBlockingRejects)
 {
     const std::string rejected = " longer is rejected (";
     const std::string message = ", one or more elements exceeds the maximum of characters, size) empty skipped -> ";
-    EXPECT_THAT(
-        taken("firewall_url_blocking"),
-        ElementsAreArray(
-            Lines{"/enable bool required (enable, field not found)",
-                  "/urls list required (urls, field not found) keeps first empty keeps",
-                  "/urls/* str127" + rejected + "url" + message + "urls[].url",
-                  std::string("/keywords list required (keywords, field not found) keeps first empty ").append("keeps"),
-                  "/keywords/* str19" + rejected + "keyword" + message + "keywords[].keyword"}));
+    EXPECT_THAT(taken("firewall_url_blocking"),
+                ElementsAreArray(Lines{"/enable bool required (enable, field not found)",
+                                       "/urls list required (urls, field not found) keeps first empty keeps",
+                                       "/urls/* str127" + rejected + "url" + message + "urls[].url",
+                                       "/keywords list required (keywords, field not found) keeps first empty "
+                                       "keeps",
+                                       "/keywords/* str19" + rejected + "keyword" + message + "keywords[].keyword"}));
 }
 
 TEST(Learn, FindsThatTheDmzOfSystemIsStoredAsAPairOnly)
