@@ -191,7 +191,7 @@ kelmora_host=build/release/kelmora-host
 $kelmora_host show beacon --id lamp | grep -q '"interval": 500, "label": "attic"}' || fail "kelmora-host shows no beacon"
 
 # Its contract is learned with no line more, and its schemas and types are made of that.
-$kelmora_host describe beacon | grep -q '^interval  integer  0..65535         yes       uint16_t interval$' ||
+$kelmora_host describe beacon | grep -Eq '^interval +integer +0..65535 +yes +uint16_t interval$' ||
     fail "kelmora-host describes no beacon"
 sh scripts/make_contract_files.sh
 grep -q '"maximum": 65535' schemas/beacon.input.schema.json || fail "there is no schema of a beacon"
