@@ -70,7 +70,7 @@ void State::reset()
 
 void State::fill(const Resource &resource, Shelf &shelf)
 {
-    shelf.version = next_version_++;
+    ++shelf.version;
     shelf.nodes.clear();
     for (const Node &node : beginning_.nodes(resource.name))
         shelf.nodes.push_back({node, shelf.version});
@@ -90,7 +90,7 @@ std::uint64_t State::Writer::replace(const Node &node)
     const std::scoped_lock lock(shelf.mutex);
     const auto found = find_in(shelf.nodes, copy.id());
     std::swap(found->node, copy);
-    shelf.version = state_.next_version_++;
+    ++shelf.version;
     return found->version = shelf.version;
 }
 
@@ -98,7 +98,7 @@ std::uint64_t State::Writer::add(const Node &node)
 {
     Shelf &shelf = state_.shelf(resource_);
     const std::scoped_lock lock(shelf.mutex);
-    shelf.version = state_.next_version_++;
+    ++shelf.version;
     shelf.nodes.push_back({node, shelf.version});
     return shelf.version;
 }
@@ -108,7 +108,7 @@ void State::Writer::remove(std::string_view id)
     Shelf &shelf = state_.shelf(resource_);
     const std::scoped_lock lock(shelf.mutex);
     shelf.nodes.erase(find_in(shelf.nodes, id));
-    shelf.version = state_.next_version_++;
+    ++shelf.version;
 }
 
 } // namespace kelmora_host

@@ -5,7 +5,6 @@
 #include "host/gateway/node.h"
 #include "host/gateway/resources.h"
 
-#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <mutex>
@@ -17,7 +16,7 @@
 
 namespace kelmora_host {
 
-/// A record, and which change made it what it is: no two states of a record have the same version.
+/// A record, and which change to the resource made it what it is: no two states of a record have the same version.
 struct VersionedNode {
     Node node;
     std::uint64_t version;
@@ -76,8 +75,7 @@ private:
     void fill(const Resource &resource, Shelf &shelf);
 
     const Gateway beginning_;
-    std::atomic<std::size_t> next_version_ = 1; // as wide as every target counts at once
-    std::vector<Shelf> shelves_;                ///< by the resources' numbers
+    std::vector<Shelf> shelves_; ///< by the resources' numbers
 };
 
 class State::Writer {
