@@ -123,11 +123,14 @@ TEST_F(ApiTest, TellsAContract)
     EXPECT_THAT(answer.body, HasSubstr(R"({"path": "/global_upload", "type": "integer", "required": true, )"));
 }
 
-TEST_F(ApiTest, TellsAllKeys)
+TEST_F(ApiTest, TellsAllKeysAndTypes)
 {
     const std::string body = ask("GET", "/api/v1/keys").body;
     EXPECT_THAT(body, HasSubstr(R"({"resource": "qos", "direction": "input", "path": "/global_upload", )"));
     EXPECT_THAT(body, HasSubstr(R"({"resource": "radio", "direction": "output", "path": "/power", )"));
+    const Answer types = ask("GET", "/types/kelmora.d.ts");
+    EXPECT_EQ(types.content_type, "text/plain; charset=utf-8");
+    EXPECT_THAT(types.body, HasSubstr("export interface QosInput"));
 }
 
 TEST_F(ApiTest, TellsTheIds)
@@ -373,7 +376,7 @@ TEST_F(ApiTest, TracesNothingInWhatIsNoDocument)
     EXPECT_THAT(ask("POST", "/api/v1/trace/telnet", "{}").body, HasSubstr(R"("record": null)"));
 }
 
-TEST_F(ApiTest, HasSchemasAndTypes)
+TEST_F(ApiTest, HasSchemas)
 {
     const Answer schema = ask("GET", "/schemas/qos.input.schema.json");
     EXPECT_EQ(schema.content_type, "application/schema+json");
@@ -383,7 +386,6 @@ TEST_F(ApiTest, HasSchemasAndTypes)
     EXPECT_EQ(status("GET", "/schemas/qos.accept.schema.json"), 200);
     EXPECT_EQ(status("GET", "/schemas/qos.nothing.schema.json"), 404);
     EXPECT_EQ(status("GET", "/schemas/qos.input.schema.json/"), 404);
-    EXPECT_THAT(ask("GET", "/types/kelmora.d.ts").body, HasSubstr("export interface QosInput"));
 }
 
 TEST_F(ApiTest, HasThePage)
