@@ -361,7 +361,9 @@ def main():
                for name, key in inputs if key.get("too_long") == "rejected"]
     write("what-happens-when.html.j2", "what-happens-when.html", title="What happens when: libkelmora_json", top="",
           cases=cases, lists=lists, strings=strings)
-    shutil.copyfile(ROOT / "docs" / "reference" / "style.css", arguments.out / "style.css")
+    # Nothing stands inside the pages: kelmora-host serves them too, under a policy that runs nothing inline.
+    for file in ("docs/reference/style.css", "docs/reference/search.js", "host/serve/page/icon.svg"):
+        shutil.copyfile(ROOT / file, arguments.out / pathlib.Path(file).name)
     print(f"{len(pages)} resources: {arguments.out / 'index.html'}")
 
 

@@ -32,6 +32,8 @@ class Page(html.parser.HTMLParser):
             if attrs["id"] in self.ids:
                 self.faults.append(f"the id {attrs['id']} is there twice")
             self.ids.add(attrs["id"])
+        if "style" in attrs or (tag == "script" and "src" not in attrs and attrs.get("type") != "application/json"):
+            self.faults.append(f"<{tag}> has something inline, which does not run where it is served")
         self.links += [attrs[name] for name in ("href", "src") if name in attrs]
 
     def handle_endtag(self, tag):
@@ -48,8 +50,6 @@ def faults_of(folder, resources):
         for fault in page.faults:
             yield f"{path.name}: {fault}"
         for link in page.links:
-            if link.startswith("data:"):
-                continue
             file, _, anchor = link.partition("#")
             target = path if not file else (path.parent / file).resolve()
             if not target.is_file():
