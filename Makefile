@@ -11,7 +11,7 @@ needs_libraries = libraries
 needs_size = mips
 needs_stack = mips
 
-.PHONY: all help demo check test mips musl bench soak fuzz coverage mutation docs contracts lint format install clean
+.PHONY: all help demo check test mips machines musl bench soak fuzz coverage mutation docs contracts lint format install clean
 .DEFAULT_GOAL := all
 
 all: ## the plug-in for this machine, in build/release
@@ -27,7 +27,7 @@ demo: ## builds the development host too, and shows the plug-in's main job on re
 	@sh scripts/demo.sh
 
 check: ## everything that must hold, on x86-64, with sanitizers and on MIPS
-	$(call needs,host test sanitize mips lint bench docs browser)
+	$(call needs,host test sanitize mips machines lint bench docs browser)
 	@sh scripts/check.sh
 
 test: ## the quick loop while working: the tests of PRESET (release), with gcc on this machine
@@ -38,8 +38,13 @@ test: ## the quick loop while working: the tests of PRESET (release), with gcc o
 mips: ## the target's plug-in, host and tests, in build/mips
 	$(call needs,host test mips)
 	@sh scripts/build.sh release selftest_vectors
-	@sh scripts/build-mips-sysroot.sh
+	@sh scripts/build-sysroot.sh mips-linux-gnu
 	@sh scripts/build.sh mips
+
+machines: ## unit tests, contracts and self-test on further machines: build/arm and build/s390x
+	$(call needs,host test mips machines)
+	@sh scripts/build.sh release selftest_vectors learned_contracts
+	@sh scripts/test_machines.sh arm-linux-gnueabihf s390x-linux-gnu
 
 musl: ## the target's plug-in and self-test with musl, in build/mips-musl
 	$(call needs,host mips)

@@ -16,6 +16,9 @@ struct JsonRelease {
 /// A JSON value, owned: one reference.
 using Json = std::unique_ptr<json_t, JsonRelease>;
 
+/// A new, empty JSON object.
+inline Json new_object() { return Json(json_object()); }
+
 /// A new JSON string, for jansson's functions that take over a reference.
 inline json_t *json_text(std::string_view text) { return json_stringn(text.data(), text.size()); }
 

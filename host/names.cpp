@@ -8,21 +8,23 @@ namespace kelmora_host {
 
 namespace {
 
-std::string in_small_letters(std::string_view name)
-{
-    std::string small(name);
-    std::ranges::transform(small, small.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    return small;
-}
-
 bool contains(std::string_view name, std::string_view part)
 {
     return part.size() >= 3 && name.find(part) != std::string_view::npos; // one or two letters are in many names
 }
 
 } // namespace
+
+std::string in_quotes(std::string_view name) { return std::string("\"").append(name).append("\""); }
+
+std::string in_small_letters(std::string_view text)
+{
+    std::string small(text);
+    std::ranges::transform(small, small.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return small;
+}
 
 std::string enumeration(const std::vector<std::string> &names, std::string_view last)
 {

@@ -11,6 +11,12 @@ namespace kelmora_host {
 /// "a", "a and b", "a, b and c"; empty without names. last: the word before the last one.
 [[nodiscard]] std::string enumeration(const std::vector<std::string> &names, std::string_view last = "and");
 
+/// "name" with its quotes.
+[[nodiscard]] std::string in_quotes(std::string_view name);
+
+/// "SSID" as "ssid": of the letters of ASCII.
+[[nodiscard]] std::string in_small_letters(std::string_view text);
+
 /// How many letters must be added, taken away, replaced or exchanged with their neighbours to make one name the other.
 [[nodiscard]] std::size_t edit_distance(std::string_view a, std::string_view b);
 

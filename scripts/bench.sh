@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 
 # on_mips TARGET...: builds for MIPS.
 on_mips() {
-    sh scripts/build-mips-sysroot.sh
+    sh scripts/build-sysroot.sh mips-linux-gnu
     sh scripts/build.sh mips "$@"
 }
 

@@ -61,8 +61,18 @@ else
 fi
 
 if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt ]; then
-    stage mips build release "building for MIPS" "sh scripts/build-mips-sysroot.sh && sh scripts/build.sh mips"
+    stage mips build release "building for MIPS" "sh scripts/build-sysroot.sh mips-linux-gnu && sh scripts/build.sh mips"
     tests mips mips "tests on MIPS, under qemu-mips"
+    for triplet in arm-linux-gnueabihf s390x-linux-gnu; do
+        machine=${triplet%%-*}
+        if can "$triplet-g++" "qemu-$machine"; then
+            stage "$machine" build release "building unit tests and self-test for $machine" \
+                "sh scripts/build-sysroot.sh $triplet && sh scripts/build.sh $machine"
+            tests "$machine" "$machine" "unit tests, contracts and self-test on $machine, under qemu-$machine"
+        else
+            leave_out "the tests on $machine"
+        fi
+    done
     if [ -f build/musl-source/configure ]; then
         stage mips-musl build release "building plug-in and self-test for MIPS with musl" \
             "sh scripts/build-musl-sysroot.sh && sh scripts/build.sh mips-musl"

@@ -37,6 +37,8 @@ sanitize    llvm                llvm-symbolizer
 mips        g++-mips-linux-gnu  mips-linux-gnu-g++
 mips        qemu-user           qemu-mips
 mips        dpkg-dev            dpkg-source
+machines    g++-arm-linux-gnueabihf arm-linux-gnueabihf-g++
+machines    g++-s390x-linux-gnu s390x-linux-gnu-g++
 lint        clang-format        clang-format
 lint        clang-tidy          clang-tidy
 lint        shellcheck          shellcheck

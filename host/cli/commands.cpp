@@ -5,6 +5,7 @@
 #include "host/cli/layout.h"
 #include "host/cli/steps.h"
 #include "host/contract/key_places.h"
+#include "host/contract/learned.h"
 #include "host/contract/listing.h"
 #include "host/contract/pointer.h"
 #include "host/contract/syntax.h"
@@ -144,16 +145,6 @@ std::vector<std::string> key_names(const std::vector<Contract> &contracts)
     return {names.begin(), names.end()};
 }
 
-std::vector<Contract> all_contracts()
-{
-    std::vector<Contract> contracts;
-    for (const Resource &resource : resources()) { // which a contract refers to
-        if (const Registration *translators = Registry::instance().find(resource.number))
-            contracts.push_back(learn(resource, *translators));
-    }
-    return contracts;
-}
-
 } // namespace
 
 std::string list_as_table(std::string_view group, std::string_view plugin_version)
@@ -229,13 +220,13 @@ std::string trace_document(const Resource &resource, const Node &node, const Inp
 
 std::string describe(const Resource &resource, bool as_json, const Style &style)
 {
-    const Contract contract = learn(resource, translators_of(resource));
+    const Contract &contract = learned(resource, translators_of(resource));
     return as_json ? contract_as_json(contract) + "\n" : contract_as_tables(contract, style);
 }
 
 std::string describe_key(const std::string &name, bool as_json, const Style &style)
 {
-    const std::vector<Contract> contracts = all_contracts();
+    const std::vector<Contract> contracts = learned_contracts();
     std::string found = as_json ? key_places_as_json(contracts, name) : find_key(contracts, name, style);
     if (!found.empty())
         return found;
@@ -245,7 +236,7 @@ std::string describe_key(const std::string &name, bool as_json, const Style &sty
 
 std::string schema_of(const Resource &resource, Direction direction)
 {
-    const Contract contract = learn(resource, translators_of(resource));
+    const Contract &contract = learned(resource, translators_of(resource));
     if (has_schema(contract, direction))
         return schema(contract, direction);
     throw Failure(Status::usage, fmt::format("{} has no schema for {}: {}", resource.name, name_of(direction),
@@ -258,7 +249,9 @@ void write_schemas(const std::string &folder)
 {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    for (const Contract &contract : all_contracts()) {
+    if (error)
+        throw Failure(Status::environment, fmt::format("{} cannot be written: {}", folder, error.message()));
+    for (const Contract &contract : learned_contracts()) {
         for (const Direction direction : {Direction::output, Direction::input, Direction::accept}) {
             if (!has_schema(contract, direction))
                 continue;
@@ -272,7 +265,7 @@ void write_schemas(const std::string &folder)
     }
 }
 
-std::string types() { return typescript(all_contracts()); }
+std::string types() { return typescript(learned_contracts()); }
 
 std::span<const Target> targets_named(const std::optional<std::string> &name)
 {

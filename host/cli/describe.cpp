@@ -3,6 +3,7 @@
 #include "host/contract/key_places.h"
 #include "host/contract/key_tree.h"
 #include "host/contract/wording.h"
+#include "host/names.h"
 
 #include <algorithm>
 #include <array>
@@ -13,24 +14,21 @@ namespace kelmora_host {
 
 namespace {
 
-constexpr std::size_t line_width = 80;
 constexpr std::size_t gap = 2;
 
-struct Row {
+struct KeyRow {
     std::array<std::string, 5> cells;
     std::vector<std::string> remarks; ///< below it
     std::size_t depth = 0;
 };
 
-std::string quoted(std::string_view text) { return fmt::format("\"{}\"", text); }
-
 std::string error_text(const Error &error, std::string_view key)
 {
-    std::string text = quoted(error.message);
+    std::string text = in_quotes(error.message);
     if (error.field != key)
-        text += ", field " + quoted(error.field);
+        text += ", field " + in_quotes(error.field);
     if (error.source != "json")
-        text += ", source " + quoted(error.source);
+        text += ", source " + in_quotes(error.source);
     return text;
 }
 
@@ -53,15 +51,15 @@ std::string shortened(const std::string &phrase, std::string_view verb, std::vec
     return phrase.starts_with("when ") ? "when ..." : "or other";
 }
 
-void add_rows(const KeyTree<InputKey> &tree, const Input &input, std::size_t depth, std::vector<Row> &rows)
+void add_rows(const KeyTree<InputKey> &tree, const Input &input, std::size_t depth, std::vector<KeyRow> &rows)
 {
     for (const KeyTree<InputKey> &child : tree.children) {
-        Row row;
+        KeyRow row;
         row.depth = depth;
         row.cells[0] = name_cell(child.name);
         if (const InputKey *key = child.key) {
             row.remarks.emplace_back(meaning_of(*key));
-            row.cells[1] = name_of(key->type);
+            row.cells[1] = type_of(*key);
             row.cells[2] = range_of(*key);
             row.cells[3] = child.name == "*" ? "" : shortened(required_of(*key, input), "required", row.remarks);
             row.cells[4] = field_cell(key->fields);
@@ -103,10 +101,10 @@ void add_rows(const KeyTree<InputKey> &tree, const Input &input, std::size_t dep
     }
 }
 
-void add_rows(const KeyTree<OutputKey> &tree, std::size_t depth, std::vector<Row> &rows)
+void add_rows(const KeyTree<OutputKey> &tree, std::size_t depth, std::vector<KeyRow> &rows)
 {
     for (const KeyTree<OutputKey> &child : tree.children) {
-        Row row;
+        KeyRow row;
         row.depth = depth;
         row.cells[0] = name_cell(child.name);
         if (const OutputKey *key = child.key) {
@@ -124,7 +122,7 @@ void add_rows(const KeyTree<OutputKey> &tree, std::size_t depth, std::vector<Row
 }
 
 /// The remarks as lines of at most line_width, several in one where they fit.
-std::vector<std::string> lines_of(const Row &row)
+std::vector<std::string> lines_of(const KeyRow &row)
 {
     const std::string indentation((row.depth + 2) * 2, ' ');
     std::vector<std::string> lines;
@@ -139,16 +137,16 @@ std::vector<std::string> lines_of(const Row &row)
     return lines;
 }
 
-std::string table(std::vector<Row> rows, const Style &style)
+std::string table(std::vector<KeyRow> rows, const Style &style)
 {
     std::array<std::size_t, 5> widths{};
-    for (Row &row : rows) {
+    for (KeyRow &row : rows) {
         row.cells[0].insert(0, row.depth * 2, ' ');
         for (std::size_t i = 0; i < widths.size(); ++i)
             widths[i] = std::max(widths[i], row.cells[i].size());
     }
     std::string text;
-    for (const Row &row : rows) {
+    for (const KeyRow &row : rows) {
         const bool head = &row == &rows.front();
         std::string line;
         std::size_t column = 0;
@@ -201,7 +199,7 @@ std::string contract_as_tables(const Contract &contract, const Style &style)
     std::string text;
     if (contract.output) {
         text += fmt::format("{} writes {}\n", name, root_of(*contract.output));
-        std::vector<Row> rows{{{"KEY", "TYPE", "RANGE", "WRITTEN", "C FIELD"}, {}, 0}};
+        std::vector<KeyRow> rows{{{"KEY", "TYPE", "RANGE", "WRITTEN", "C FIELD"}, {}, 0}};
         add_rows(key_tree(contract.output->keys), 0, rows);
         text += table(std::move(rows), style);
     } else {
@@ -210,7 +208,7 @@ std::string contract_as_tables(const Contract &contract, const Style &style)
     text += "\n";
     if (contract.input) {
         text += fmt::format("{} takes an object, whose keys are looked for in this order\n\n", name);
-        std::vector<Row> rows{{{"KEY", "TYPE", "RANGE", "REQUIRED", "C FIELD"}, {}, 0}};
+        std::vector<KeyRow> rows{{{"KEY", "TYPE", "RANGE", "REQUIRED", "C FIELD"}, {}, 0}};
         add_rows(key_tree(contract.input->keys), *contract.input, 0, rows);
         text += table(std::move(rows), style);
     } else {

@@ -13,7 +13,6 @@ namespace kelmora_host {
 
 namespace {
 
-constexpr std::size_t line_width = 80;
 constexpr std::size_t label_width = 15;
 
 std::string_view name_of(std::optional<Provider> provider)

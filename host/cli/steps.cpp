@@ -24,7 +24,7 @@ std::string shortened(std::string_view text, std::size_t width)
     return line + "...";
 }
 
-struct Row {
+struct StepRow {
     std::string place;
     std::string pointer;
     std::string read;
@@ -32,10 +32,10 @@ struct Row {
     std::string stored;
 };
 
-Row row_of(const Step &step)
+StepRow row_of(const Step &step)
 {
     constexpr std::size_t widest = 32;
-    Row row;
+    StepRow row;
     row.pointer = step.pointer();
     row.read = fmt::format("{}", fmt::join(read_as(step), ", "));
     if (step.value == nullptr) {
@@ -67,21 +67,21 @@ std::string padded(const std::string &text, std::size_t width)
 
 std::string steps_as_table(const Trace &trace, const Style &style)
 {
-    std::vector<Row> rows{{"PLACE", "LOOKED FOR", "READ AS", "FOUND", "STORED"}};
+    std::vector<StepRow> rows{{"PLACE", "LOOKED FOR", "READ AS", "FOUND", "STORED"}};
     for (const Step &step : trace.steps)
         rows.push_back(row_of(step));
-    Row widest;
+    StepRow widest;
     const auto widen = [](std::string &column, const std::string &text) {
         column.resize(std::max(column.size(), width_of(text)));
     };
-    for (const Row &row : rows) {
+    for (const StepRow &row : rows) {
         widen(widest.place, row.place);
         widen(widest.pointer, row.pointer);
         widen(widest.read, row.read);
         widen(widest.found, row.found);
     }
     std::string table;
-    for (const Row &row : rows) {
+    for (const StepRow &row : rows) {
         std::string line = fmt::format("{}  {}  {}  {}  {}", padded(row.place, widest.place.size()),
                                        padded(row.pointer, widest.pointer.size()), padded(row.read, widest.read.size()),
                                        padded(row.found, widest.found.size()), row.stored);

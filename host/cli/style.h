@@ -1,11 +1,15 @@
 #ifndef KELMORA_HOST_CLI_STYLE_H
 #define KELMORA_HOST_CLI_STYLE_H
 
+#include <cstddef>
 #include <fmt/color.h>
 #include <string>
 #include <string_view>
 
 namespace kelmora_host {
+
+/// Characters in a line of what is wrapped.
+constexpr std::size_t line_width = 80;
 
 /// Colours for a terminal, or none.
 class Style {

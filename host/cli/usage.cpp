@@ -33,8 +33,6 @@ std::vector<std::string> unexpected(const CLI::App &app, const std::vector<std::
 
 bool is_option(const std::string &argument) { return argument.size() > 1 && argument.front() == '-'; }
 
-std::string quoted(const std::string &name) { return "\"" + name + "\""; }
-
 std::string similar(const std::string &name, const std::vector<std::string> &names)
 {
     const std::vector<std::string> found = similar_names(name, names);
@@ -65,18 +63,18 @@ std::string misplaced_option(const CLI::App &app, const std::string &argument)
     std::vector<std::string> names = long_names(app);
     const CLI::App *command = command_of(app);
     if (command == nullptr)
-        return "no option " + quoted(name) + similar(name, names) + see_help();
+        return "no option " + in_quotes(name) + similar(name, names) + see_help();
     const std::vector<std::string> own = long_names(*command);
     if (std::ranges::find(own, name) != own.end())
         return name + " belongs behind the command" + see_help(command);
     names.insert(names.end(), own.begin(), own.end());
-    return command->get_name() + " has no option " + quoted(name) + similar(name, names) + see_help(command);
+    return command->get_name() + " has no option " + in_quotes(name) + similar(name, names) + see_help(command);
 }
 
 std::string too_many(const std::vector<std::string> &arguments)
 {
     std::vector<std::string> names;
-    std::ranges::transform(arguments, std::back_inserter(names), quoted);
+    std::ranges::transform(arguments, std::back_inserter(names), in_quotes);
     return (names.size() == 1 ? "one argument" : std::to_string(names.size()) + " arguments") +
            " too many: " + enumeration(names);
 }
@@ -85,7 +83,7 @@ std::string no_command(const CLI::App &app, const std::string &given)
 {
     const std::vector<std::string> all = commands(app);
     const std::string near = similar(given, all);
-    return (given.empty() ? "a command is missing" : "no command " + quoted(given)) +
+    return (given.empty() ? "a command is missing" : "no command " + in_quotes(given)) +
            (near.empty() ? "; the commands are " + enumeration(all) : near) + see_help();
 }
 

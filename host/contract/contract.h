@@ -51,6 +51,9 @@ enum class InputType {
     any   ///< whatever it is, nothing is stored: it is looked at alone
 };
 
+/// JSON's word for it, or "text" or "any".
+[[nodiscard]] std::string_view name_of(InputType type);
+
 /// What becomes of the entries that a list had when a document brings others.
 enum class ListEffect {
     none,        ///< it is no list that is stored
@@ -126,6 +129,9 @@ struct Input {
 
 /// Of which type what the to-translator writes is.
 enum class OutputType { boolean, integer, real, string, object, array };
+
+/// JSON's word for it; a real is one of its own.
+[[nodiscard]] std::string_view name_of(OutputType type);
 
 /// A key as the to-translator writes it, or the element of a list.
 struct OutputKey {

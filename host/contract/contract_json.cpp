@@ -18,19 +18,6 @@ std::string_view name_of(Directions directions)
     return "";
 }
 
-std::string_view name_of(InputType type)
-{
-    static constexpr std::string_view names[] = {"boolean", "integer", "real", "number", "string",
-                                                 "object",  "array",   "text", "any"};
-    return names[static_cast<std::size_t>(type)];
-}
-
-std::string_view name_of(OutputType type)
-{
-    static constexpr std::string_view names[] = {"boolean", "integer", "real", "string", "object", "array"};
-    return names[static_cast<std::size_t>(type)];
-}
-
 std::string_view name_of(ListEffect effect)
 {
     static constexpr std::string_view names[] = {"none",     "replaces",    "appends",
@@ -207,6 +194,19 @@ template <class T, class Make> json_t *list_json(const std::vector<T> &values, M
 }
 
 } // namespace
+
+std::string_view name_of(InputType type)
+{
+    static constexpr std::string_view names[] = {"boolean", "integer", "real", "number", "string",
+                                                 "object",  "array",   "text", "any"};
+    return names[static_cast<std::size_t>(type)];
+}
+
+std::string_view name_of(OutputType type)
+{
+    static constexpr std::string_view names[] = {"boolean", "integer", "real", "string", "object", "array"};
+    return names[static_cast<std::size_t>(type)];
+}
 
 std::string contract_as_json(const Contract &contract)
 {

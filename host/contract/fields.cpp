@@ -85,6 +85,8 @@ bool RecordType::is_node() const
     return std::ranges::any_of(fields, [](const Field &field) { return field.kind == FieldKind::next; });
 }
 
+const Field &RecordType::next() const { return *std::ranges::find(fields, FieldKind::next, &Field::kind); }
+
 const Field *RecordType::find(std::string_view field) const
 {
     const auto found = std::ranges::find(fields, field, &Field::name);

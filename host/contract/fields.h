@@ -51,6 +51,9 @@ struct RecordType {
     /// chain: what the plug-in sees as the record is the first node, or NULL.
     [[nodiscard]] bool is_node() const;
 
+    /// Of a node: the field that leads to the next one.
+    [[nodiscard]] const Field &next() const;
+
     /// The field of this name, or NULL.
     [[nodiscard]] const Field *find(std::string_view field) const;
 };

@@ -24,8 +24,6 @@ std::string counted(std::size_t count, std::string_view one, std::string_view se
     return std::to_string(count) + " " + std::string(count == 1 ? one : several);
 }
 
-std::string quoted(std::string_view text) { return std::string("\"").append(text).append("\""); }
-
 std::string_view name_of(ValueType type)
 {
     switch (type) {
@@ -163,12 +161,12 @@ private:
         if (keys.taken.contains(path)) {
             if (accepted())
                 add("ignored", member,
-                    quoted(member.key->string) + " is not looked at, as the rest of the document is");
+                    in_quotes(member.key->string) + " is not looked at, as the rest of the document is");
         } else if (keys.shown.contains(path)) {
-            add("read-only", member, quoted(member.key->string) + " is shown, but never taken", {}, Severity::note);
+            add("read-only", member, in_quotes(member.key->string) + " is shown, but never taken", {}, Severity::note);
         } else {
             const std::string near = nearest_key(member);
-            add("unknown", member, "no such key" + (near.empty() ? "" : "; the nearest is " + quoted(near)));
+            add("unknown", member, "no such key" + (near.empty() ? "" : "; the nearest is " + in_quotes(near)));
         }
     }
 
@@ -337,8 +335,8 @@ private:
                 continue;
             const Value *counting = document_.member(*value->parent, value->key->string);
             add("repeated", *value,
-                quoted(value->key->string) + " stands again in line " + std::to_string(counting->key->position.line) +
-                    ", and that one counts");
+                in_quotes(value->key->string) + " stands again in line " +
+                    std::to_string(counting->key->position.line) + ", and that one counts");
         }
     }
 

@@ -15,8 +15,6 @@ const char *pointer_in(const char *address)
     return pointer;
 }
 
-const Field &next_of(const RecordType &node) { return *std::ranges::find(node.fields, FieldKind::next, &Field::kind); }
-
 } // namespace
 
 Image::Image(Record &record, const RecordType &type)
@@ -57,7 +55,7 @@ void Image::add_fields(const char *address, const RecordType &type, std::size_t 
         case FieldKind::chain: {
             std::size_t index = 0;
             for (const char *node = pointer_in(place); node != nullptr;
-                 node = pointer_in(node + next_of(*field.record).offset))
+                 node = pointer_in(node + field.record->next().offset))
                 add_record(node, *field.record, &field, block, index++);
             break;
         }

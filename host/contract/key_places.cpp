@@ -1,13 +1,12 @@
 #include "host/contract/key_places.h"
 
+#include "host/contract/pointer.h"
 #include "host/contract/wording.h"
 #include "host/json.h"
 
 namespace kelmora_host {
 
 namespace {
-
-std::string_view last_token(std::string_view path) { return path.substr(path.rfind('/') + 1); }
 
 /// Where there are keys of which matches(name) holds.
 template <class Matches> std::vector<KeyPlace> places_of(const std::vector<Contract> &contracts, Matches matches)
@@ -24,7 +23,7 @@ template <class Matches> std::vector<KeyPlace> places_of(const std::vector<Contr
             for (const InputKey &key : contract.input->keys) {
                 if (matches(last_token(key.path)))
                     places.push_back(
-                        {&contract, "input", key.path, std::string(name_of(key.type)), range_of(key), meaning_of(key)});
+                        {&contract, "input", key.path, std::string(type_of(key)), range_of(key), meaning_of(key)});
             }
         }
     }

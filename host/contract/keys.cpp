@@ -1,6 +1,6 @@
 #include "host/contract/keys.h"
 
-#include "host/contract/learn_input.h"
+#include "host/contract/learned.h"
 #include "host/gateway/blank.h"
 #include "host/json.h"
 #include "host/plugin/translate.h"

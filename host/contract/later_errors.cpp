@@ -1,7 +1,7 @@
 #include "host/contract/later_errors.h"
 
-#include "host/contract/learn_input.h"
 #include "host/contract/learn_probe.h"
+#include "host/contract/learned.h"
 
 #include <algorithm>
 

@@ -9,7 +9,7 @@ namespace kelmora_host {
 
 namespace {
 
-constexpr std::string_view beginning = R"(/*
+constexpr std::string_view header_begin = R"(/*
  * Proof that a program's nodes and records are laid out as the plug-in's: static assertions of every size, offset and
  * width, in C99 and C++11. Include it in one source of a host, compiled as the rest of it is; where a field stands
  * elsewhere (another compiler option, another header, another machine) that source does not compile, and the error
@@ -58,7 +58,7 @@ constexpr std::string_view beginning = R"(/*
 KELMORA_LAYOUT(pointers, "pointers are of 4 or of 8 bytes", sizeof(void *) == 4 || sizeof(void *) == 8);
 )";
 
-constexpr std::string_view end = R"(
+constexpr std::string_view header_end = R"(
 /* clang-format on */
 
 #undef KELMORA_LAYOUT_FIELD
@@ -105,7 +105,7 @@ std::string layout_header()
 {
     const Target &narrow = *std::ranges::find(targets(), 4U, &Target::pointer_size);
     const Target &wide = *std::ranges::find(targets(), 8U, &Target::pointer_size);
-    std::string text(beginning);
+    std::string text(header_begin);
     text += configured("KELMORA_HOST_PRIVATE_POINTERS", KELMORA_HOST_PRIVATE_POINTERS);
     text += configured("KELMORA_TR069_HOST_BLOCK_SIZE", KELMORA_TR069_HOST_BLOCK_SIZE);
     text += assertions(node_layout(narrow), node_layout(wide));
@@ -114,7 +114,7 @@ std::string layout_header()
         if (!layout.is_union) // it has no name; its members are structs, which begin where it does
             text += assertions(layout, layout_of(*type, wide));
     }
-    return text.append(end);
+    return text.append(header_end);
 }
 
 } // namespace kelmora_host

@@ -1,6 +1,6 @@
 #include "host/contract/contract.h"
-#include "host/contract/learn_input.h"
 #include "host/contract/learn_output.h"
+#include "host/contract/learned.h"
 
 namespace kelmora_host {
 
@@ -10,7 +10,7 @@ Contract learn(const Resource &resource, const Registration &translators)
     if (is_raw(resource))
         return contract;
     if (resource.directions != Directions::to_only)
-        contract.input = learn_input(resource, translators);
+        contract.input = learned_input(resource, translators);
     if (resource.directions != Directions::from_only)
         contract.output = learn_output(resource, translators);
     return contract;

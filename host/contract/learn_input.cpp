@@ -9,7 +9,6 @@
 #include <functional>
 #include <limits>
 #include <map>
-#include <mutex>
 #include <set>
 
 namespace kelmora_host {
@@ -22,7 +21,6 @@ using Kind = Given::Kind;
 constexpr std::array all_kinds{Kind::null, Kind::no,     Kind::yes,   Kind::integer,
                                Kind::real, Kind::string, Kind::array, Kind::object};
 
-constexpr std::int64_t most_varied = 16;   ///< integers from 0 up to here are tried one by one
 constexpr std::int64_t any_other = 1000;   ///< stands for all others
 constexpr std::size_t most_elements = 20;  ///< lists of 0 up to so many elements are tried
 constexpr std::size_t many_elements = 300; ///< and one of so many
@@ -38,9 +36,9 @@ bool is_within(std::string_view path, std::string_view ancestor)
     return path.size() > ancestor.size() && path.starts_with(ancestor) && path[ancestor.size()] == '/';
 }
 
-Given integer(std::int64_t value) { return {.kind = Kind::integer, .integer = value}; }
-Given string(std::string value) { return {.kind = Kind::string, .string = std::move(value)}; }
-Given array(std::size_t size) { return {.kind = Kind::array, .size = size}; }
+Given given_integer(std::int64_t value) { return {.kind = Kind::integer, .integer = value}; }
+Given given_string(std::string value) { return {.kind = Kind::string, .string = std::move(value)}; }
+Given given_array(std::size_t size) { return {.kind = Kind::array, .size = size}; }
 
 /// A value as it stands in a condition.
 std::string json_of(const Given &given)
@@ -96,7 +94,7 @@ struct Known {
     Answers home; ///< the values of other keys with which it is looked at
     bool refused = false;
     bool boolean = false;
-    Uses uses;
+    HowUsed uses;
 };
 
 class InputLearner {
@@ -149,15 +147,15 @@ private:
             values = {{.kind = Kind::yes}, {.kind = Kind::no}};
         } else if (known.good.kind == Kind::integer) {
             for (std::int64_t value = 0; value <= most_varied; ++value)
-                values.push_back(integer(value));
-            values.push_back(integer(any_other));
+                values.push_back(given_integer(value));
+            values.push_back(given_integer(any_other));
         }
         return values;
     }
 
     [[nodiscard]] static Given other_of(const Given &good)
     {
-        return good.kind == Kind::yes ? Given{.kind = Kind::no} : integer(any_other);
+        return good.kind == Kind::yes ? Given{.kind = Kind::no} : given_integer(any_other);
     }
 
     /// All keys with values that are taken, some of them replaced.
@@ -224,25 +222,21 @@ private:
     /// Finds a value that the plug-in takes for a key.
     void fit(const std::string &path, Known &known) const
     {
-        static const std::array tried{string("1"),
-                                      integer(1),
-                                      Given{.kind = Kind::real},
-                                      Given{.kind = Kind::yes},
-                                      array(2),
-                                      Given{.kind = Kind::object}};
+        static const std::array tried{given_string("1"),        given_integer(1), Given{.kind = Kind::real},
+                                      Given{.kind = Kind::yes}, given_array(2),   Given{.kind = Kind::object}};
         known.uses = {};
         std::vector<Given> taken;
         for (const Given &given : tried) {
             const Probe probe = prober_.probe(with(with(known.home), path, given), blank_);
             if (const auto uses = probe.uses.find(path); uses != probe.uses.end())
                 known.uses = uses->second;
-            const Uses &uses = known.uses;
-            known.good = uses.array                    ? array(2)
+            const HowUsed &uses = known.uses;
+            known.good = uses.array                    ? given_array(2)
                          : uses.object                 ? Given{.kind = Kind::object}
                          : uses.text                   ? Given{.kind = Kind::object}
                          : uses.real                   ? Given{.kind = Kind::real}
-                         : uses.integer || uses.number ? integer(1)
-                         : uses.string                 ? string("1")
+                         : uses.integer || uses.number ? given_integer(1)
+                         : uses.string                 ? given_string("1")
                                                        : Given{};
             if (known.good.kind != Kind::absent)
                 return;
@@ -289,13 +283,13 @@ private:
                 continue;
             for (std::size_t size = 0; size <= most_elements; ++size) {
                 Answers tried = home;
-                tried[path] = array(size);
+                tried[path] = given_array(size);
                 const Probe probe = ask(tried);
                 if (probe.accepted || probe.culprit != culprit) {
                     if (size == known.good.size)
                         break;
-                    good_[path] = array(size);
-                    known_[path].good = array(size);
+                    good_[path] = given_array(size);
+                    known_[path].good = given_array(size);
                     return true;
                 }
             }
@@ -433,7 +427,7 @@ private:
     /// Whether a key that must be there need not be when all others have other values.
     [[nodiscard]] bool depends(const std::string &path) const
     {
-        for (const Given &number : {integer(0), integer(any_other)}) {
+        for (const Given &number : {given_integer(0), given_integer(any_other)}) {
             for (const Given &flag : {Given{.kind = Kind::no}, Given{.kind = Kind::yes}}) {
                 Answers answers = with(known_.at(path).home);
                 for (const auto &[other, known] : known_) {
@@ -543,14 +537,14 @@ private:
             Split split;
             std::vector<Given> values;
             for (std::int64_t value = 0; value <= most_varied; ++value)
-                values.push_back(integer(value));
-            values.push_back(integer(0xA5));
+                values.push_back(given_integer(value));
+            values.push_back(given_integer(0xA5));
             for (const Given &value : values) {
                 Record record = blank_;
                 store_number(leaves(record, type_)[i], value.integer);
                 (prober_.probe(answers, record).accepted ? split.not_so : split.so).push_back(value);
             }
-            if (std::optional<Condition> condition = split.condition(unless, integer(0xA5))) {
+            if (std::optional<Condition> condition = split.condition(unless, given_integer(0xA5))) {
                 condition->field = all[i].path;
                 if (std::ranges::find(need.when, condition->field, &Condition::field) == need.when.end())
                     need.when.push_back(std::move(*condition));
@@ -600,7 +594,7 @@ private:
 
     [[nodiscard]] static InputType type_of(const Known &known)
     {
-        const Uses &uses = known.uses;
+        const HowUsed &uses = known.uses;
         return uses.array      ? InputType::array
                : uses.object   ? InputType::object
                : uses.text     ? InputType::text
@@ -717,17 +711,19 @@ private:
             pairs = {{{.kind = Kind::yes}, {.kind = Kind::no}}};
             break;
         case Kind::integer:
-            pairs = {{integer(1), integer(0)}, {integer(1), integer(2)}, {integer(3), integer(4)}};
+            pairs = {{given_integer(1), given_integer(0)},
+                     {given_integer(1), given_integer(2)},
+                     {given_integer(3), given_integer(4)}};
             break;
         case Kind::real:
             pairs = {{{.kind = Kind::real, .real = 1}, {.kind = Kind::real, .real = 2}}};
             break;
         default:
-            pairs = {{string("1"), string("2")}};
+            pairs = {{given_string("1"), given_string("2")}};
             break;
         }
         if (key.type == InputType::text)
-            pairs = {{{.kind = Kind::object}, array(1)}};
+            pairs = {{{.kind = Kind::object}, given_array(1)}};
         for (const bool is_alone : {false, true}) {
             for (const auto &[one, two] : pairs) {
                 if (key.fields.empty())
@@ -773,7 +769,7 @@ private:
         const KeyField &field = key.fields.front();
         const auto number = [&key](std::int64_t value) {
             return key.type == InputType::real ? Given{.kind = Kind::real, .real = static_cast<double>(value)}
-                                               : integer(value);
+                                               : given_integer(value);
         };
         const auto width = static_cast<unsigned>(field.size * 8);
         while (key.bits < width && stored(key, number(std::int64_t{1} << key.bits)) == std::uint64_t{1} << key.bits)
@@ -793,7 +789,7 @@ private:
         if (text == key.fields.end())
             return;
         const auto kept = [&](std::size_t size) -> std::optional<std::size_t> {
-            const Probe probe = prober_.probe(at_home(key.path, string(std::string(size, 'x'))), blank_, true);
+            const Probe probe = prober_.probe(at_home(key.path, given_string(std::string(size, 'x'))), blank_, true);
             if (!probe.accepted)
                 return std::nullopt;
             const std::string bytes = bytes_of(*probe.image, *text);
@@ -812,7 +808,7 @@ private:
         }
         key.longest = taken;
         key.too_long = Excess::rejected;
-        const Probe probe = prober_.probe(at_home(key.path, string(std::string(rejected, 'x'))), blank_);
+        const Probe probe = prober_.probe(at_home(key.path, given_string(std::string(rejected, 'x'))), blank_);
         if (!probe.errors.empty())
             key.out_of_size = probe.errors.front();
     }
@@ -941,7 +937,7 @@ private:
     [[nodiscard]] List list_of(const std::string &path) const
     {
         const auto courses = [&](std::size_t size, const Record &record) {
-            return prober_.probe(at_home(path, array(size)), record, true);
+            return prober_.probe(at_home(path, given_array(size)), record, true);
         };
         const Probe probe = courses(known_.at(path).good.size, blank_);
         const Probe none = courses(0, blank_);
@@ -955,7 +951,7 @@ private:
         }
         // No chain: an array of which the elements set some fields.
         const std::size_t size = known_.at(path).good.size;
-        Answers others = at_home(path, array(size));
+        Answers others = at_home(path, given_array(size));
         for (const std::string &each : within(path)) {
             Given &given = others[each];
             given.kind = given.kind == Kind::yes ? Kind::no : given.kind;
@@ -1003,7 +999,7 @@ private:
         sizes.push_back(many_elements);
         bool any = false;
         for (const std::size_t size : sizes) {
-            const Probe probe = prober_.probe(at_home(key.path, array(size)), blank_);
+            const Probe probe = prober_.probe(at_home(key.path, given_array(size)), blank_);
             if (probe.accepted) {
                 if (!any)
                     key.least = size;
@@ -1029,7 +1025,7 @@ private:
     /// that was cleared.
     [[nodiscard]] std::vector<int> entries_after(const InputKey &key, const List &list, std::size_t size) const
     {
-        const Answers answers = at_home(key.path, array(size));
+        const Answers answers = at_home(key.path, given_array(size));
         Record record = list.is_chain ? blank_ : poisoned_;
         if (list.is_chain)
             hang_marked_chain(record, *list.field, entries_before);
@@ -1069,8 +1065,8 @@ private:
     {
         if (list.is_chain || key.least != 0)
             return;
-        const Probe one = prober_.probe(at_home(key.path, array(0)), poisoned_, true);
-        const Probe two = prober_.probe(at_home(key.path, array(1)), poisoned_, true);
+        const Probe one = prober_.probe(at_home(key.path, given_array(0)), poisoned_, true);
+        const Probe two = prober_.probe(at_home(key.path, given_array(1)), poisoned_, true);
         std::vector<KeyField> fields = differing_fields(*one.image, *two.image, key.path);
         std::vector<std::string> paths = within(key.path);
         std::erase_if(fields, [&](const KeyField &field) {
@@ -1124,8 +1120,8 @@ private:
         if (!list.is_chain)
             return false;
         const auto entries = [&](const std::string &second) {
-            Answers answers = at_home(path, array(3));
-            answers[std::string(path).append("/1")] = string(second);
+            Answers answers = at_home(path, given_array(3));
+            answers[std::string(path).append("/1")] = given_string(second);
             const Probe probe = prober_.probe(answers, blank_, true);
             return std::ranges::count(probe.image->blocks(), list.field, &Image::Block::field);
         };
@@ -1149,23 +1145,6 @@ private:
 Input learn_input(const Resource &resource, const Registration &translators)
 {
     return InputLearner(resource, translators).learn();
-}
-
-const Input &learned_input(const Resource &resource, const Registration &translators)
-{
-    struct Learned {
-        std::once_flag once;
-        Input input;
-    };
-    static std::mutex mutex;
-    static std::map<std::pair<int, kelmora_from_translator>, Learned> all;
-    Learned *learned = nullptr;
-    {
-        const std::lock_guard lock(mutex);
-        learned = &all[{resource.number, translators.from}];
-    }
-    std::call_once(learned->once, [&] { learned->input = learn_input(resource, translators); });
-    return learned->input;
 }
 
 } // namespace kelmora_host

@@ -8,9 +8,6 @@ namespace kelmora_host {
 /// What a from-translator takes; the resource must take JSON.
 [[nodiscard]] Input learn_input(const Resource &resource, const Registration &translators);
 
-/// The same, learned at the first question about this translator and kept while the process lives. For all threads.
-[[nodiscard]] const Input &learned_input(const Resource &resource, const Registration &translators);
-
 } // namespace kelmora_host
 
 #endif

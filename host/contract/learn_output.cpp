@@ -1,5 +1,6 @@
 #include "host/contract/learn_output.h"
 
+#include "host/contract/learn_probe.h"
 #include "host/contract/learn_records.h"
 #include "host/gateway/blank.h"
 #include "host/gateway/node.h"
@@ -14,27 +15,26 @@ namespace kelmora_host {
 
 namespace {
 
-constexpr std::int64_t most_varied = 16;       ///< integers from 0 up to here are tried one by one
-constexpr std::int64_t any_other = 0x7FFFFFFF; ///< stands for all others
-constexpr std::size_t long_text = 5000;        ///< of texts that a pointer leads to
+constexpr std::int64_t any_other_stored = 0x7FFFFFFF; ///< stands for all others
+constexpr std::size_t long_text = 5000;               ///< of texts that a pointer leads to
 constexpr std::size_t chain_nodes = 2;
 constexpr std::size_t most_texts = 4; ///< that a number turns into, for them to be told
 
 /// The id of the node that records are written with.
 constexpr std::string_view usual_id = "i";
 
-struct Value {
+struct ShownValue {
     OutputType type;
     std::string text; ///< as JSON
     std::int64_t integer = 0;
     std::size_t bytes = 0;    ///< of a string
     std::size_t elements = 0; ///< of a list
 
-    bool operator==(const Value &) const = default;
+    bool operator==(const ShownValue &) const = default;
 };
 
 /// What one record came to: each path's values, in the order of the document.
-using Values = std::map<std::string, std::vector<Value>, std::less<>>;
+using Values = std::map<std::string, std::vector<ShownValue>, std::less<>>;
 
 class OutputLearner {
 public:
@@ -131,9 +131,9 @@ private:
         }
     }
 
-    static Value value_of(const json_t *json)
+    static ShownValue value_of(const json_t *json)
     {
-        Value value{OutputType::boolean, "", 0, 0, 0};
+        ShownValue value{OutputType::boolean, "", 0, 0, 0};
         switch (json_typeof(json)) {
         case JSON_OBJECT:
             value.type = OutputType::object;
@@ -408,7 +408,7 @@ private:
         std::vector<std::int64_t> numbers;
         for (std::int64_t number = 0; number <= most_varied; ++number)
             numbers.push_back(number);
-        numbers.insert(numbers.end(), {any_other, -1, -0x7FFFFFFF - 1});
+        numbers.insert(numbers.end(), {any_other_stored, -1, -0x7FFFFFFF - 1});
         return numbers;
     }
 
@@ -440,7 +440,7 @@ private:
             if (with.size() == tried.size())
                 continue;
             Condition condition{"", leaf.path, {}, false};
-            condition.except = std::ranges::find(with, any_other) != with.end();
+            condition.except = std::ranges::find(with, any_other_stored) != with.end();
             for (const std::int64_t number : tried) {
                 const bool is_there = std::ranges::find(with, number) != with.end();
                 if (is_there != condition.except)
@@ -484,7 +484,7 @@ private:
     {
         for (const auto &[path, values] : now) {
             OutputKey &key = keys_[path];
-            for (const Value &value : values) {
+            for (const ShownValue &value : values) {
                 if (std::ranges::find(key.types, value.type) == key.types.end())
                     key.types.push_back(value.type);
                 if (value.type == OutputType::string && !key.id)

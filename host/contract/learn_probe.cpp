@@ -78,15 +78,16 @@ public:
         return answer({place.exact + "/" + std::to_string(index), place.pattern + "/*"}, found);
     }
 
-    void counted(const json_t *array, std::size_t /*size*/) override { use(array, &Uses::array); }
+    void counted(const json_t *array, std::size_t /*size*/) override { use(array, &HowUsed::array); }
 
     void read(const json_t *value, Accessor accessor) override
     {
-        static constexpr bool Uses::*uses[] = {&Uses::string, &Uses::integer, &Uses::real, &Uses::number};
+        static constexpr bool HowUsed::*uses[] = {&HowUsed::string, &HowUsed::integer, &HowUsed::real,
+                                                  &HowUsed::number};
         use(value, uses[static_cast<std::size_t>(accessor)]);
     }
 
-    void rendered(const json_t *value) override { use(value, &Uses::text); }
+    void rendered(const json_t *value) override { use(value, &HowUsed::text); }
 
     void failed(const kelmora_errorlist &errors) override
     {
@@ -103,7 +104,7 @@ private:
         std::string pattern;
     };
 
-    void use(const json_t *value, bool Uses::*how)
+    void use(const json_t *value, bool HowUsed::*how)
     {
         if (const auto found = values_.find(value); found != values_.end()) {
             probe_.uses[found->second.pattern].*how = true;

@@ -16,6 +16,9 @@
 
 namespace kelmora_host {
 
+/// Integers from 0 up to here are tried one by one, where a condition may hang on them.
+constexpr std::int64_t most_varied = 16;
+
 /// What the plug-in gets for a key.
 struct Given {
     enum class Kind { absent, null, no, yes, integer, real, string, array, object };
@@ -33,7 +36,7 @@ struct Given {
 using Answers = std::map<std::string, Given, std::less<>>;
 
 /// How a value was used.
-struct Uses {
+struct HowUsed {
     bool string = false;
     bool integer = false;
     bool real = false;
@@ -47,10 +50,10 @@ struct Uses {
 struct Probe {
     bool accepted = false;
     std::vector<Error> errors;
-    std::string culprit;                           ///< the path that was looked up last before the first error
-    std::string culprit_place;                     ///< the same with the elements' numbers
-    std::vector<std::string> looked;               ///< paths with "*", in the order of their first look-up
-    std::map<std::string, Uses, std::less<>> uses; ///< by those paths
+    std::string culprit;                              ///< the path that was looked up last before the first error
+    std::string culprit_place;                        ///< the same with the elements' numbers
+    std::vector<std::string> looked;                  ///< paths with "*", in the order of their first look-up
+    std::map<std::string, HowUsed, std::less<>> uses; ///< by those paths
     std::map<std::string, std::size_t, std::less<>> elements; ///< of an array's path: elements looked up and there
     std::vector<int> missing;
     std::optional<Image> image; ///< the record afterwards, when asked for

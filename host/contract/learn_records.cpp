@@ -21,8 +21,6 @@ char *pointer_at(const char *place)
 
 void store_pointer(char *place, const char *pointer) { std::memcpy(place, &pointer, sizeof pointer); }
 
-const Field &next_of(const RecordType &node) { return *std::ranges::find(node.fields, FieldKind::next, &Field::kind); }
-
 /// Chains within chains that go deeper repeat those above them.
 constexpr int deepest_chain = 2;
 
@@ -39,7 +37,7 @@ public:
     void add_chain(char *first, const RecordType &node, const std::string &path)
     {
         std::size_t index = 0;
-        for (; first != nullptr; first = pointer_at(first + next_of(node).offset))
+        for (; first != nullptr; first = pointer_at(first + node.next().offset))
             add(first, node, path, 0, index++);
     }
 
@@ -80,7 +78,7 @@ char *new_chain(const RecordType &node, std::size_t nodes, int mark)
             if (field.kind == FieldKind::chain || field.kind == FieldKind::string_pointer)
                 store_pointer(block + field.offset, nullptr);
         }
-        store_pointer(block + next_of(node).offset, first);
+        store_pointer(block + node.next().offset, first);
         first = block;
     }
     return first;
@@ -95,7 +93,7 @@ void hang(char *begin, const RecordType &type, std::size_t nodes, int depth)
         } else if (field.kind == FieldKind::chain && depth < deepest_chain) {
             char *first = new_chain(*field.record, nodes, 0);
             store_pointer(begin + field.offset, first);
-            for (char *node = first; node != nullptr; node = pointer_at(node + next_of(*field.record).offset))
+            for (char *node = first; node != nullptr; node = pointer_at(node + field.record->next().offset))
                 hang(node, *field.record, nodes, depth + 1);
         }
     }

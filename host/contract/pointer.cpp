@@ -25,4 +25,6 @@ std::vector<std::string> tokens_of(std::string_view pointer)
     return tokens;
 }
 
+std::string_view last_token(std::string_view pointer) { return pointer.substr(pointer.rfind('/') + 1); }
+
 } // namespace kelmora_host

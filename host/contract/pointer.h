@@ -15,6 +15,9 @@ namespace kelmora_host {
 /// A pointer's tokens, unescaped: "/lan_list/*/lan_id" has three, "" has none.
 [[nodiscard]] std::vector<std::string> tokens_of(std::string_view pointer);
 
+/// What stands behind the last slash, as it stands there.
+[[nodiscard]] std::string_view last_token(std::string_view pointer);
+
 } // namespace kelmora_host
 
 #endif

@@ -20,12 +20,14 @@ namespace {
 
 constexpr std::string_view number_characters = "+-.0123456789Ee";
 
+} // namespace
+
 // The parser says what its stream and its handler call their functions.
 // NOLINTBEGIN(readability-identifier-naming)
 
 /// The text as the parser reads it. Every number looks like a 0 to it: numbers are jansson's to judge, which takes some
 /// that the parser would refuse for their size (0e999).
-class Stream {
+class Positions::Stream {
 public:
     using Ch = char;
 
@@ -102,8 +104,6 @@ private:
     bool in_string_ = false;
     bool escaped_ = false;
 };
-
-} // namespace
 
 /// Takes the parser's events.
 class Positions::Builder {

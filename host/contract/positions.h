@@ -83,6 +83,7 @@ public:
     }
 
 private:
+    class Stream;
     class Builder;
 
     explicit Positions(std::string_view text) : text_(text) {}

@@ -28,13 +28,11 @@ json_t *taken(Json value)
     return value.release();
 }
 
-Json object() { return Json(json_object()); }
 Json array() { return Json(json_array()); }
 Json text(std::string_view value) { return Json(json_text(value)); }
 Json integer(std::int64_t value) { return Json(json_integer(value)); }
 Json size(std::size_t value) { return integer(static_cast<std::int64_t>(value)); }
 Json boolean(bool value) { return Json(json_boolean(value)); }
-Json parsed(const std::string &json) { return Json(json_loads(json.c_str(), JSON_DECODE_ANY, nullptr)); }
 
 void set(const Json &object, std::string_view name, Json value)
 {
@@ -54,7 +52,7 @@ template <class... Values> Json list_of(Values... values)
 
 Json with(std::string_view name, Json value)
 {
-    Json schema = object();
+    Json schema = new_object();
     set(schema, name, std::move(value));
     return schema;
 }
@@ -77,7 +75,7 @@ Json any_of(std::vector<Json> schemas)
 {
     if (schemas.size() == 1)
         return std::move(schemas.front());
-    Json schema = object();
+    Json schema = new_object();
     for (Json &each : schemas)
         add_to(schema, "anyOf", std::move(each));
     return schema;
@@ -113,7 +111,7 @@ void annotate(const Json &schema, const std::vector<KeyField> &fields)
 
 Json error_as_json(const Error &error)
 {
-    Json json = object();
+    Json json = new_object();
     set(json, "field", text(error.field));
     set(json, "message", text(error.message));
     set(json, "source", text(error.source));
@@ -271,7 +269,7 @@ private:
     /// The value and, of an integer that is cut to its low bits, the nearest ones that are stored as it.
     static Json same_low_bits(const InputKey *key, const std::string &value)
     {
-        Json values = list_of(parsed(value));
+        Json values = list_of(Json(parsed(value)));
         if (key != nullptr && key->bits != 0 && key->bits < 62 && !key->saturates) {
             const std::int64_t number = std::strtoll(value.c_str(), nullptr, 10);
             const std::int64_t modulus = std::int64_t{1} << key->bits;
@@ -302,12 +300,13 @@ private:
         if (!condition.field.empty()) {
             if (tokens.empty() || !holds_of_zeros(condition))
                 return boolean(holds_of_zeros(condition));
-            return with("not", has(tokens, depth, object()));
+            return with("not", has(tokens, depth, new_object()));
         }
         if (condition.except && condition.values.empty())
             return boolean(true);
-        Json is_so = has(tokens, depth,
-                         condition.values.empty() ? object() : read_as(find(root_, condition.path), condition.values));
+        Json is_so =
+            has(tokens, depth,
+                condition.values.empty() ? new_object() : read_as(find(root_, condition.path), condition.values));
         return condition.except ? with("not", std::move(is_so)) : std::move(is_so);
     }
 
@@ -336,7 +335,7 @@ private:
         if (key != nullptr && key->refused)
             return boolean(false);
         const bool is_list = tree.element() != nullptr || (key != nullptr && key->type == InputType::array);
-        Json schema = is_list ? elements(tree) : tree.has_members() ? members(tree) : object();
+        Json schema = is_list ? elements(tree) : tree.has_members() ? members(tree) : new_object();
         if (key == nullptr) {
             if (!is_list && (lossless_ || !accepts_empty(tree)))
                 set(schema, "type", text("object"));
@@ -396,7 +395,7 @@ private:
         if (!key.values.empty()) {
             Json values = array();
             for (const std::string &value : key.values)
-                append(values, parsed(value));
+                append(values, Json(parsed(value)));
             set(schema, "x-kelmora-values", std::move(values));
         }
         if (key.absent)
@@ -405,9 +404,9 @@ private:
 
     Json elements(const InputTree &list)
     {
-        Json schema = object();
+        Json schema = new_object();
         const InputTree *element = list.element();
-        Json each = element != nullptr ? value_schema(*element) : object();
+        Json each = element != nullptr ? value_schema(*element) : new_object();
         const InputKey *key = list.key;
         const bool limited = key != nullptr && key->most &&
                              (key->too_many == Excess::rejected || (lossless_ && key->too_many != Excess::none));
@@ -436,8 +435,8 @@ private:
 
     Json members(const InputTree &tree)
     {
-        Json schema = object();
-        Json properties = object();
+        Json schema = new_object();
+        Json properties = new_object();
         Json required = array();
         std::map<int, std::vector<Json>> at_least_one;
         for (const InputTree &child : tree.children) {
@@ -482,7 +481,7 @@ private:
             return std::nullopt;
         if (there.size() == 1)
             return std::move(there.front());
-        Json all = object();
+        Json all = new_object();
         for (Json &condition : there)
             add_to(all, "allOf", std::move(condition));
         return all;
@@ -498,7 +497,7 @@ private:
             conditions.push_back(looked_at());
             if (lossless_) {
                 for (const std::string &other : key.only_with)
-                    conditions.emplace_back(has(tokens_of(other), conditional.depth, object()));
+                    conditions.emplace_back(has(tokens_of(other), conditional.depth, new_object()));
             }
             Json value = value_schema(*conditional.key);
             if (!is_empty(value))
@@ -534,27 +533,10 @@ private:
     bool lossless_;
     std::map<std::string, std::vector<Conditional>> conditionals_; ///< by the path of the object that has all
     std::set<std::string> deciding_; ///< keys without which the record decides; empty for where it does in any case
-    Json defs_ = object();
+    Json defs_ = new_object();
 };
 
-std::string_view json_type_of(OutputType type)
-{
-    switch (type) {
-    case OutputType::boolean:
-        return "boolean";
-    case OutputType::integer:
-        return "integer";
-    case OutputType::real:
-        return "number";
-    case OutputType::string:
-        return "string";
-    case OutputType::object:
-        return "object";
-    case OutputType::array:
-        break;
-    }
-    return "array";
-}
+std::string_view json_type_of(OutputType type) { return type == OutputType::real ? "number" : name_of(type); }
 
 /// Strings that are not UTF-8 and reals that are not finite leave their key out.
 bool may_be_left_out(const OutputKey &key)
@@ -578,7 +560,7 @@ Json output_value(const OutputTree &tree);
 Json output_members(const OutputTree &tree)
 {
     Json schema = type("object");
-    Json properties = object();
+    Json properties = new_object();
     Json required = array();
     for (const OutputTree &child : tree.children) {
         set(properties, child.name, output_value(child));
@@ -594,7 +576,7 @@ Json output_members(const OutputTree &tree)
 
 Json output_value(const OutputTree &tree)
 {
-    Json schema = object();
+    Json schema = new_object();
     const OutputTree *element = tree.element();
     if (element != nullptr) {
         set(schema, "type", text("array"));
@@ -632,7 +614,7 @@ Json output_value(const OutputTree &tree)
 Json output_schema(const Output &output)
 {
     const OutputTree tree = key_tree(output.keys);
-    Json schema = object();
+    Json schema = new_object();
     const auto reference = [] { return with("$ref", text("#/$defs/record")); };
     const auto list = [&] {
         Json records = type("array");
@@ -688,7 +670,7 @@ std::string_view description_of(Direction direction)
 /// The schema behind the head that says of what it is.
 Json titled(const Contract &contract, Direction direction, const Json &schema)
 {
-    Json titled = object();
+    Json titled = new_object();
     const std::string name(contract.resource->name);
     set(titled, "$schema", text("https://json-schema.org/draft/2020-12/schema"));
     set(titled, "$id", text("urn:kelmora:" + name + ":" + std::string(name_of(direction))));
@@ -719,7 +701,7 @@ std::string schema(const Contract &contract, Direction direction)
     if (!has_schema(contract, direction))
         throw std::invalid_argument(std::string(contract.resource->name) + " has no documents of the direction " +
                                     std::string(name_of(direction)));
-    Json schema = object(); // of a read-only resource, which accepts whatever comes
+    Json schema = new_object(); // of a read-only resource, which accepts whatever comes
     if (direction == Direction::output)
         schema = output_schema(*contract.output);
     else if (contract.input)

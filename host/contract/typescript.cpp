@@ -57,53 +57,43 @@ std::string comment(const std::vector<std::string> &phrases, std::size_t depth)
     return fmt::format("{}/** {}. */\n", indentation(depth), text);
 }
 
-std::string_view type_of(InputType type)
+std::string_view typescript_type(InputType type)
 {
     switch (type) {
-    case InputType::boolean:
-        return "boolean";
     case InputType::integer:
     case InputType::real:
-    case InputType::number:
         return "number";
-    case InputType::string:
-        return "string";
-    case InputType::object:
     case InputType::text:
         return "object"; // a list is one, too
     case InputType::array:
         return "unknown[]";
     case InputType::any:
-        break;
+        return "unknown";
+    default:
+        return name_of(type);
     }
-    return "unknown";
 }
 
-std::string_view type_of(OutputType type)
+std::string_view typescript_type(OutputType type)
 {
     switch (type) {
-    case OutputType::boolean:
-        return "boolean";
     case OutputType::integer:
     case OutputType::real:
         return "number";
-    case OutputType::string:
-        return "string";
-    case OutputType::object:
-        return "object";
     case OutputType::array:
-        break;
+        return "unknown[]";
+    default:
+        return name_of(type);
     }
-    return "unknown[]";
 }
 
-std::string plain_type(const InputKey &key) { return std::string(key.refused ? "never" : type_of(key.type)); }
+std::string plain_type(const InputKey &key) { return std::string(key.refused ? "never" : typescript_type(key.type)); }
 
 std::string plain_type(const OutputKey &key)
 {
     std::string types;
     for (const OutputType type : key.types)
-        types.append(types.empty() ? "" : " | ").append(type_of(type));
+        types.append(types.empty() ? "" : " | ").append(typescript_type(type));
     return types;
 }
 

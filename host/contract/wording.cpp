@@ -38,8 +38,6 @@ std::string elements(std::size_t least, const std::optional<std::size_t> &most)
                           : fmt::format("{} to {}", least, *most);
 }
 
-std::string_view last_token(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
 std::string condition(const Condition &condition)
 {
     std::string name(last_token(condition.path));
@@ -61,55 +59,16 @@ std::string conditions(const std::vector<Condition> &all)
 
 } // namespace
 
-std::string_view name_of(InputType type)
+std::string_view type_of(const InputKey &key)
 {
-    switch (type) {
-    case InputType::boolean:
-        return "boolean";
-    case InputType::integer:
-        return "integer";
-    case InputType::real:
-        return "real";
-    case InputType::number:
-        return "number";
-    case InputType::string:
-        return "string";
-    case InputType::object:
-        return "object";
-    case InputType::array:
-        return "list";
-    case InputType::text:
-        return "object or list";
-    case InputType::any:
-        break;
-    }
-    return "any";
-}
-
-std::string_view name_of(OutputType type)
-{
-    switch (type) {
-    case OutputType::boolean:
-        return "boolean";
-    case OutputType::integer:
-        return "integer";
-    case OutputType::real:
-        return "real";
-    case OutputType::string:
-        return "string";
-    case OutputType::object:
-        return "object";
-    case OutputType::array:
-        break;
-    }
-    return "list";
+    return key.type == InputType::array ? "list" : key.type == InputType::text ? "object or list" : name_of(key.type);
 }
 
 std::string types_of(const OutputKey &key)
 {
     std::vector<std::string> names;
     for (const OutputType type : key.types)
-        names.emplace_back(name_of(type));
+        names.emplace_back(type == OutputType::array ? "list" : name_of(type));
     return alternatives(names);
 }
 

@@ -10,8 +10,8 @@ namespace kelmora_host {
 
 // A contract in short phrases of English, for terminals and comments.
 
-[[nodiscard]] std::string_view name_of(InputType type);
-[[nodiscard]] std::string_view name_of(OutputType type);
+/// "integer", "list", "object or list".
+[[nodiscard]] std::string_view type_of(const InputKey &key);
 
 /// All types, "integer or string".
 [[nodiscard]] std::string types_of(const OutputKey &key);

@@ -3,6 +3,7 @@
 #include "host/contract/findings_json.h"
 #include "host/contract/image.h"
 #include "host/contract/key_places.h"
+#include "host/contract/learned.h"
 #include "host/contract/listing.h"
 #include "host/contract/schema.h"
 #include "host/contract/syntax.h"
@@ -67,8 +68,6 @@ Answer problem_with_header(int status, std::string_view detail, std::string name
     answer.headers.emplace_back(std::move(name), std::move(value));
     return answer;
 }
-
-std::string in_quotes(std::string_view text) { return fmt::format("\"{}\"", text); }
 
 Answer no_record(const Resource &resource, std::string_view id)
 {
@@ -337,9 +336,9 @@ Answer Api::perform(const Call &call)
     case Operation::list_resources:
         return json_answer(list_as_json("", [this](const Resource &resource) { return state_.count(resource); }));
     case Operation::get_contract:
-        return json_answer(contract_as_json(contracts_.of(*call.resource)));
+        return json_answer(contract_as_json(learned(*call.resource, call.translators())));
     case Operation::list_keys:
-        return json_answer(key_places_as_json(contracts_.all(), ""));
+        return json_answer(key_places_as_json(learned_contracts(), ""));
     case Operation::get_records:
         return records(call);
     case Operation::get_record:
@@ -366,7 +365,7 @@ Answer Api::perform(const Call &call)
     case Operation::get_schema:
         return schema(call);
     case Operation::get_types:
-        return {200, std::string(content_type_of(".ts")), typescript(contracts_.all()), {}};
+        return {200, std::string(content_type_of(".ts")), typescript(learned_contracts()), {}};
     case Operation::get_openapi:
         return json_answer(openapi());
     case Operation::get_docs:
@@ -532,7 +531,7 @@ Answer Api::schema(const Call &call)
         for (const Direction direction : {Direction::output, Direction::input, Direction::accept}) {
             if (file != fmt::format("{}.{}.schema.json", resource.name, name_of(direction)))
                 continue;
-            const Contract &contract = contracts_.of(resource);
+            const Contract &contract = learned(resource, *Registry::instance().find(resource.number));
             if (!has_schema(contract, direction))
                 return problem(404, fmt::format("{} has no documents in this direction", resource.name));
             return {200, "application/schema+json", kelmora_host::schema(contract, direction), {}};

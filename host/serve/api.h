@@ -2,7 +2,6 @@
 #define KELMORA_HOST_SERVE_API_H
 
 #include "host/serve/assets.h"
-#include "host/serve/contracts.h"
 #include "host/serve/http.h"
 #include "host/serve/routes.h"
 #include "host/serve/state.h"
@@ -68,7 +67,6 @@ private:
 
     State &state_;
     ApiOptions options_;
-    Contracts contracts_;
     std::string run_; ///< sets this process's tags apart from those of others
 };
 

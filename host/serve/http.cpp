@@ -1,5 +1,7 @@
 #include "host/serve/http.h"
 
+#include "host/names.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -11,13 +13,6 @@ namespace {
 
 /// Of ASCII alone, whatever the locale is.
 char small(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; }
-
-std::string in_small_letters(std::string_view text)
-{
-    std::string result(text);
-    std::ranges::transform(result, result.begin(), small);
-    return result;
-}
 
 int digit(char c)
 {

@@ -13,11 +13,9 @@ namespace kelmora_host {
 
 namespace {
 
-Json object() { return Json(json_object()); }
-
 Json reference(const std::string &to)
 {
-    Json reference = object();
+    Json reference = new_object();
     set(reference, "$ref", json_text(to));
     return reference;
 }
@@ -30,16 +28,16 @@ std::string schema_path(const Resource &resource, Direction direction)
 /// {"TYPE": {"schema": SCHEMA}}
 Json content(const char *type, Json schema)
 {
-    Json media = object();
+    Json media = new_object();
     set(media, "schema", schema.release());
-    Json content = object();
+    Json content = new_object();
     set(content, type, media.release());
     return content;
 }
 
 Json raw_schema()
 {
-    Json schema = object();
+    Json schema = new_object();
     set(schema, "description", json_text(fmt::format("{} bytes", raw_size)));
     return schema;
 }
@@ -64,20 +62,20 @@ std::optional<Json> answer_content(const Route &route, const Resource *resource)
     case Operation::check:
         return content("application/json", reference("#/components/schemas/Checked"));
     case Operation::get_types:
-        return content("text/plain", object());
+        return content("text/plain", new_object());
     case Operation::delete_record:
     case Operation::reset:
         return std::nullopt;
     default:
-        return content("application/json", object());
+        return content("application/json", new_object());
     }
 }
 
 Json responses(const Route &route, const Resource *resource)
 {
-    Json responses = object();
+    Json responses = new_object();
     for (const int status : route.statuses) {
-        Json response = object();
+        Json response = new_object();
         set(response, "description", json_text(reason_of(status)));
         if (status >= 400)
             set(response, "content",
@@ -95,7 +93,7 @@ Json responses(const Route &route, const Resource *resource)
 json_t *parameter(std::string_view name, const char *in, std::string_view meaning, bool required,
                   std::span<const std::string_view> values)
 {
-    Json schema = object();
+    Json schema = new_object();
     set(schema, "type", json_text("string"));
     if (!values.empty()) {
         json_t *all = json_array();
@@ -104,7 +102,7 @@ json_t *parameter(std::string_view name, const char *in, std::string_view meanin
         set(schema, "enum", all);
         set(schema, "default", json_text(values.front()));
     }
-    Json parameter = object();
+    Json parameter = new_object();
     set(parameter, "name", json_text(name));
     set(parameter, "in", json_text(in));
     if (!meaning.empty())
@@ -118,7 +116,7 @@ json_t *parameter(std::string_view name, const char *in, std::string_view meanin
 /// path: of the route, with the names that are left open in braces.
 Json operation(const Route &route, std::string_view path, const Resource *resource)
 {
-    Json operation = object();
+    Json operation = new_object();
     set(operation, "summary", json_text(route.summary));
     json_t *parameters = json_array();
     for (const std::string_view name : {"resource", "id", "file"}) {
@@ -132,14 +130,14 @@ Json operation(const Route &route, std::string_view path, const Resource *resour
     else
         json_decref(parameters);
     if (route.body != Body::none) {
-        Json body = object();
+        Json body = new_object();
         if (resource != nullptr && is_raw(*resource))
             set(body, "content", content("application/octet-stream", raw_schema()).release());
         else if (resource != nullptr)
             set(body, "content",
                 content("application/json", reference(schema_path(*resource, Direction::accept))).release());
         else
-            set(body, "content", content("application/json", object()).release());
+            set(body, "content", content("application/json", new_object()).release());
         set(body, "required", json_true());
         set(operation, "requestBody", body.release());
     }
@@ -167,7 +165,7 @@ void add(const Json &paths, const std::string &path, const Route &route, const R
 
 Json paths()
 {
-    Json paths = object();
+    Json paths = new_object();
     for (const Route &route : routes()) {
         if (route.summary.empty())
             continue;
@@ -219,21 +217,21 @@ constexpr const char *schemas = R"({
 
 std::string openapi()
 {
-    Json info = object();
+    Json info = new_object();
     set(info, "title", json_text("kelmora-host"));
     set(info, "summary", json_text("The plug-in libkelmora_json behind HTTP, on the records of a sample gateway"));
     set(info, "version", json_text(Plugin::default_version));
 
-    Json problem = object();
+    Json problem = new_object();
     set(problem, "description", json_text("What is wrong"));
     set(problem, "content", content("application/problem+json", reference("#/components/schemas/Problem")).release());
-    Json shared_responses = object();
+    Json shared_responses = new_object();
     set(shared_responses, "Problem", problem.release());
-    Json components = object();
+    Json components = new_object();
     set(components, "schemas", parsed(schemas));
     set(components, "responses", shared_responses.release());
 
-    Json document = object();
+    Json document = new_object();
     set(document, "openapi", json_text("3.1.0"));
     set(document, "info", info.release());
     set(document, "paths", paths().release());

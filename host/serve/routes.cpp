@@ -32,7 +32,7 @@ constexpr std::array check_statuses{200, 404, 413, 415};
 constexpr std::array trace_statuses{200, 404, 413, 415, 422};
 
 // The page's own, which programs have no use for, have no summary.
-constexpr std::array table{
+constexpr std::array route_table{
     Route{"GET", "/api/v1/resources", Operation::list_resources, "The resources", Body::none, {}, ok},
     Route{"GET",
           "/api/v1/resources/{resource}",
@@ -107,7 +107,7 @@ constexpr std::array table{
 
 } // namespace
 
-std::span<const Route> routes() { return table; }
+std::span<const Route> routes() { return route_table; }
 
 bool matches(const Route &route, std::span<const std::string> segments, PathArguments &arguments)
 {

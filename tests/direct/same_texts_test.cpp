@@ -23,7 +23,7 @@ inline void PrintTo(const Resource &resource, std::ostream *out) { *out << resou
 
 } // namespace kelmora_host
 
-namespace kelmora_test {
+namespace kelmora_test::same_texts_test {
 
 namespace {
 
@@ -200,4 +200,4 @@ TEST(SameTextsOfAnyDepth, OfMeshNeighbours)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::same_texts_test

@@ -14,7 +14,7 @@
 #include <memory>
 #include <utility>
 
-namespace kelmora_test {
+namespace kelmora_test::reading_test {
 
 namespace {
 
@@ -111,4 +111,4 @@ INSTANTIATE_TEST_SUITE_P(Every, ReadOnly, testing::ValuesIn(read_only_resources(
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::reading_test

@@ -15,7 +15,7 @@
 #include <memory>
 #include <set>
 
-namespace kelmora_test {
+namespace kelmora_test::shapes_test {
 
 namespace {
 
@@ -382,4 +382,4 @@ INSTANTIATE_TEST_SUITE_P(Every, Shape, testing::ValuesIn(rows), name_of);
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::shapes_test

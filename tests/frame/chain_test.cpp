@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora {
+namespace kelmora::chain_test {
 
 namespace {
 
@@ -209,4 +209,4 @@ TEST_F(AddTexts, CountsBytesNotCharacters)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::chain_test

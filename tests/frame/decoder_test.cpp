@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora {
+namespace kelmora::decoder_test {
 
 namespace {
 
@@ -620,4 +620,4 @@ TEST_F(DecodeKept, IsReleasedOnAllOtherPaths)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::decoder_test

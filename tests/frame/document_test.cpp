@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora {
+namespace kelmora::document_test {
 
 namespace {
 
@@ -64,4 +64,4 @@ TEST(Document, MayBeEmpty)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::document_test

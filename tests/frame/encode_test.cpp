@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string>
 
-namespace kelmora {
+namespace kelmora::encode_test {
 
 namespace {
 
@@ -281,4 +281,4 @@ TEST_F(Lengths, SurviveFailingMemoryAround4096)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::encode_test

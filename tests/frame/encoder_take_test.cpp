@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 #include <jansson.h>
 
-namespace kelmora {
+namespace kelmora::encoder_take_test {
 
 namespace {
 
@@ -68,4 +68,4 @@ TEST(EncoderTake, IsIncompleteWhicheverAllocationFails)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::encoder_take_test

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora {
+namespace kelmora::encoder_test {
 
 namespace {
 
@@ -401,4 +401,4 @@ TEST(Extend, FailsWhereElementsHaveNoArray)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::encoder_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora {
+namespace kelmora::key_test {
 
 namespace {
 
@@ -57,4 +57,4 @@ TEST(Key, IsOnePointer) { EXPECT_EQ(sizeof(Key), sizeof(const char *)); }
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::key_test

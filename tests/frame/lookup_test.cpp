@@ -8,7 +8,7 @@
 #include <jansson.h>
 #include <string>
 
-namespace kelmora {
+namespace kelmora::lookup_test {
 
 namespace {
 
@@ -86,4 +86,4 @@ TEST_F(GetJsonObj, FindsNothingInWhatIsNoObject)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::lookup_test

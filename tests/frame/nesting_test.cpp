@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora {
+namespace kelmora::nesting_test {
 
 namespace {
 
@@ -76,4 +76,4 @@ TEST(NestingOfMember, CountsAsDeepAsTheDocumentIs)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::nesting_test

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <limits>
 
-namespace kelmora {
+namespace kelmora::number_test {
 
 namespace {
 
@@ -53,4 +53,4 @@ TEST(Saturated, StopsAtTheSmallest)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::number_test

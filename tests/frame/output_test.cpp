@@ -9,7 +9,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora {
+namespace kelmora::output_test {
 
 namespace {
 
@@ -67,4 +67,4 @@ TEST_F(CheckDataSize, LeavesTheBufferAsItWasWhenItCannotGrow)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::output_test

@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-namespace kelmora_host {
+namespace kelmora_host::frame_registry_test {
 
 namespace {
 
@@ -207,4 +207,4 @@ TEST(Resources, StandInTheOrderOfTheirNumbersUnderNamesOfTheirOwn)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::frame_registry_test

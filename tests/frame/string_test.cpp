@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace kelmora {
+namespace kelmora::string_test {
 
 namespace {
 
@@ -183,4 +183,4 @@ TEST(Strncpy, StoresNothingForNull)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::string_test

@@ -10,7 +10,7 @@
 #include <map>
 #include <string>
 
-namespace kelmora {
+namespace kelmora::validation_test {
 
 namespace {
 
@@ -162,4 +162,4 @@ TEST(ValidateDocument, FreesTheLastReference)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::validation_test

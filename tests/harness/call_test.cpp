@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_harness {
+namespace kelmora_harness::call_test {
 
 namespace {
 
@@ -316,4 +316,4 @@ TEST(CallFrom, OfAResourceKnowsItsLeaks)
 
 } // namespace
 
-} // namespace kelmora_harness
+} // namespace kelmora_harness::call_test

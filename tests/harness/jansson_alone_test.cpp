@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace kelmora_harness {
+namespace kelmora_harness::jansson_alone_test {
 
 namespace {
 
@@ -73,4 +73,4 @@ TEST(DamagedImages, KeepWhatStandsAroundThePart)
 
 } // namespace
 
-} // namespace kelmora_harness
+} // namespace kelmora_harness::jansson_alone_test

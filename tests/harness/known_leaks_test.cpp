@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace kelmora_harness {
+namespace kelmora_harness::known_leaks_test {
 
 namespace {
 
@@ -110,4 +110,4 @@ TEST(KnownLeak, IsNoneOfAResourceThatIsNotInTheTable)
 
 } // namespace
 
-} // namespace kelmora_harness
+} // namespace kelmora_harness::known_leaks_test

@@ -8,7 +8,7 @@
 #include <string>
 #include <thread>
 
-namespace kelmora_harness {
+namespace kelmora_harness::ledger_test {
 
 namespace {
 
@@ -136,4 +136,4 @@ TEST(Ledger, LetsJanssonsParserSurviveEveryFailingAllocation)
 
 } // namespace
 
-} // namespace kelmora_harness
+} // namespace kelmora_harness::ledger_test

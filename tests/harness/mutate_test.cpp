@@ -6,7 +6,7 @@
 #include <set>
 #include <string>
 
-namespace kelmora_harness {
+namespace kelmora_harness::mutate_test {
 
 namespace {
 
@@ -90,4 +90,4 @@ TEST(DeepDocument, IsOnBothSidesOfWhatJanssonParses)
 
 } // namespace
 
-} // namespace kelmora_harness
+} // namespace kelmora_harness::mutate_test

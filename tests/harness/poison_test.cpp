@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora_harness {
+namespace kelmora_harness::poison_test {
 
 namespace {
 
@@ -112,4 +112,4 @@ TEST(Fill, OverwritesEverythingButPointers)
 
 } // namespace
 
-} // namespace kelmora_harness
+} // namespace kelmora_harness::poison_test

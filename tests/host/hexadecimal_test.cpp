@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::hexadecimal_test {
 
 namespace {
 
@@ -20,4 +20,4 @@ TEST(Hexadecimal, StandsApartWhereThatIsAskedFor)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::hexadecimal_test

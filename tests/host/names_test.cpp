@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::names_test {
 
 namespace {
 
@@ -63,4 +63,4 @@ TEST(SimilarNames, MayBeInCapitals)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::names_test

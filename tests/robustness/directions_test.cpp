@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace kelmora_test {
+namespace kelmora_test::directions_test {
 
 namespace {
 
@@ -71,4 +71,4 @@ INSTANTIATE_TEST_SUITE_P(Every, DirectionsColumn, testing::ValuesIn(all_resource
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::directions_test

@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-namespace kelmora_test {
+namespace kelmora_test::lengths_test {
 
 namespace {
 
@@ -96,7 +96,8 @@ protected:
 
 TEST_P(FullRecords, OfEachByteAreWrittenAsJson)
 {
-    for (unsigned byte = 0; byte < 256; ++byte)
+    const unsigned step = slow ? 11 : 1; // from '0' on, the backslash among them
+    for (unsigned byte = 0; byte < 256; byte += byte < '0' ? 1 : step)
         expect_writable(std::string(1, static_cast<char>(byte)));
 }
 
@@ -123,4 +124,4 @@ INSTANTIATE_TEST_SUITE_P(Every, FullRecords, testing::ValuesIn(written_resources
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::lengths_test

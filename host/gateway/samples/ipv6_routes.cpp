@@ -6,7 +6,7 @@ namespace kelmora_host {
 
 namespace {
 
-constexpr kelmora_ipv6_static_route workshop_route{
+constexpr kelmora_ipv6_static_route ipv6_workshop_route{
     .enable = 1,
     .destination = "2001:db8:4c:1800::/64",
     .next_hop = "fe80::9209:d0ff:fe1f:82b6",
@@ -66,7 +66,7 @@ constexpr kelmora_neighbour_hosts storage{
     .nud = 4,
 };
 
-constexpr kelmora_neighbour_hosts provider{
+constexpr kelmora_neighbour_hosts provider_host{
     .ip_addr = "fe80::1",
     .mac_addr = "c8:4b:d6:20:9e:41",
     .interfaceID = "ppp0",
@@ -77,14 +77,14 @@ constexpr kelmora_neighbour_hosts provider{
 
 void add_ipv6_routes_samples(Gateway &gateway)
 {
-    gateway.add("ipv6_static_route", "0", workshop_route);
+    gateway.add("ipv6_static_route", "0", ipv6_workshop_route);
     gateway.add("ipv6_static_route", "1", tunnel_route);
 
     gateway.add("ipv6_static_route_list", "0", routing_table());
 
     gateway.add("neighbour_hosts", "0", notebook);
     gateway.add("neighbour_hosts", "1", storage);
-    gateway.add("neighbour_hosts", "2", provider);
+    gateway.add("neighbour_hosts", "2", provider_host);
 }
 
 } // namespace kelmora_host

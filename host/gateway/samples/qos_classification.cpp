@@ -6,7 +6,7 @@ namespace kelmora_host {
 
 namespace {
 
-constexpr kelmora_qos_classification telephony{
+constexpr kelmora_qos_classification telephony_class{
     .rule_name = "Telephony",
     .order = 1,
     .precedence = 1,
@@ -104,7 +104,7 @@ constexpr kelmora_qos_traffic_control backup_limit{
 
 void add_qos_classification_samples(Gateway &gateway)
 {
-    gateway.add("qos_classification", "0", telephony);
+    gateway.add("qos_classification", "0", telephony_class);
     gateway.add("qos_classification", "1", backup);
 
     gateway.add("qos_traffic_control", "0", guests_limit);

@@ -40,7 +40,7 @@ constexpr kelmora_dhcp_static_lease storage_lease{
     .ip = "192.168.17.21",
 };
 
-constexpr kelmora_dhcp_client notebook{
+constexpr kelmora_dhcp_client notebook_client{
     .ip = "192.168.17.100",
     .hostname = "annas-notebook",
     .mac = "5c:e9:31:0a:77:d2",
@@ -143,7 +143,7 @@ void add_wan_lan_lan_samples(Gateway &gateway)
     gateway.add("dhcp_static_lease", "0", printer_lease);
     gateway.add("dhcp_static_lease", "1", storage_lease);
 
-    gateway.add("dhcp_client", "0", notebook);
+    gateway.add("dhcp_client", "0", notebook_client);
     gateway.add("dhcp_client", "1", telephone);
 
     gateway.add("interface_statistics", "eth0", wired_statistics);

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace kelmora {
+namespace kelmora::escape_test {
 
 namespace {
 
@@ -59,7 +59,10 @@ TEST(LengthWithoutEscapes, EndsAtTheFirstOfSeveralBytesThatNeedOne)
 {
     const char around[] = {'\0', '\x1F', ' ',  '!', '"', '#',    '.',    '/',
                            '0',  '[',    '\\', ']', '~', '\x7F', '\x80', '\xFF'};
-    const auto is_plain = [](char c) { return c >= ' ' && c != '"' && c != '\\' && c != '/'; };
+    const auto is_plain = [](char character) {
+        const auto c = static_cast<unsigned char>(character);
+        return c >= ' ' && c < 0x80 && c != '"' && c != '\\' && c != '/';
+    };
     for (const char first : around) {
         for (const char second : around) {
             char string[16];
@@ -86,4 +89,4 @@ TEST(Escape, RefusesWhatIsNotUtf8)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::escape_test

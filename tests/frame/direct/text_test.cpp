@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora {
+namespace kelmora::text_test {
 
 namespace {
 
@@ -114,4 +114,4 @@ TEST(Compare, OrdersByBytes)
 
 } // namespace
 
-} // namespace kelmora
+} // namespace kelmora::text_test

@@ -30,7 +30,7 @@ void __wrap_json_object_seed(size_t seed) // NOLINT(bugprone-reserved-identifier
 }
 }
 
-namespace kelmora_host {
+namespace kelmora_host::cli_test {
 
 namespace {
 
@@ -182,4 +182,4 @@ TEST(CommandLine, EndsWithStatus4WhenTheOutputCannotBeWritten)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::cli_test

@@ -13,7 +13,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora_host {
+namespace kelmora_host::commands_test {
 
 namespace {
 
@@ -440,4 +440,4 @@ TEST_F(Commands, RejectAnotherNumberOfBytesThanARawResourceHasWithoutAskingThePl
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::commands_test

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::describe_test {
 
 namespace {
 
@@ -114,4 +114,4 @@ TEST(FindKey, FindsKeysOfTheNameElseThoseThatHaveIt)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::describe_test

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::cli_doctor_test {
 
 namespace {
 
@@ -111,4 +111,4 @@ TEST(ExaminationAsJson, SaysTheSame)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::cli_doctor_test

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <unistd.h>
 
-namespace kelmora_host {
+namespace kelmora_host::input_test {
 
 namespace {
 
@@ -73,4 +73,4 @@ TEST(ReadInput, FailsForADirectory)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::input_test

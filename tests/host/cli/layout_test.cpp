@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::cli_layout_test {
 
 namespace {
 
@@ -58,4 +58,4 @@ TEST(LayoutsAsTables, OfAllBeginWithTheNodeAndHaveEachStructOnce)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::cli_layout_test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::pretty_test {
 
 namespace {
 
@@ -21,4 +21,4 @@ TEST(Pretty, LeavesWhatIsNoDocumentAsItIs) { EXPECT_EQ(pretty("00 7f", Style(tru
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::pretty_test

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::usage_test {
 
 namespace {
 
@@ -94,4 +94,4 @@ TEST(UsageFault, TellsWhatIsWrongWithTheValueOfAnOption)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::usage_test

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::fields_test {
 
 namespace {
 
@@ -417,4 +417,4 @@ TEST(DescribeBytes, SaysWhereTheInnermostFieldOrElementLies)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::fields_test

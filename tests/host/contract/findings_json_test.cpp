@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::findings_json_test {
 
 namespace {
 
@@ -47,4 +47,4 @@ TEST(FindingsJson, TellsNoRecordAsNullAndARawOneAsAString)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::findings_json_test

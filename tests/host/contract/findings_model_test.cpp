@@ -19,7 +19,7 @@
 #include <tuple>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::findings_model_test {
 
 namespace {
 
@@ -275,4 +275,4 @@ INSTANTIATE_TEST_SUITE_P(Of, FindingsOfRandomDocuments, testing::ValuesIn(models
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::findings_model_test

@@ -7,12 +7,14 @@
 #include "kelmora_json.h"
 #include "kelmora_records.h"
 
+#include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::findings_test {
 
 namespace {
 
@@ -72,6 +74,23 @@ TEST_F(Findings, AreNoneInADocumentOfWhichNothingIsLost)
     EXPECT_EQ(check.result, CheckResult::lossless);
     EXPECT_THAT(check.findings, IsEmpty());
     EXPECT_THAT(check.errors, IsEmpty());
+}
+
+TEST_F(Findings, AreNoneInTheExamplesButEntriesThatStay)
+{
+    std::size_t examples = 0;
+    for (const Resource &resource : resources()) {
+        std::ifstream file(KELMORA_EXAMPLES_DIR "/" + std::string(resource.name) + ".json");
+        if (!file)
+            continue;
+        ++examples;
+        const std::string document{std::istreambuf_iterator<char>(file), {}};
+        const Check check = on_sample(resource.name, document);
+        EXPECT_EQ(check.result, CheckResult::lossless) << resource.name;
+        for (const Finding &finding : check.findings)
+            EXPECT_EQ(finding.code, "entries") << resource.name;
+    }
+    EXPECT_GT(examples, 0U);
 }
 
 TEST_F(Findings, TellOfAStringThatIsCut)
@@ -344,4 +363,4 @@ TEST_F(Findings, LeaveTheRecordAsItWas)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::findings_test

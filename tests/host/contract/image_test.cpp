@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::image_test {
 
 namespace {
 
@@ -74,4 +74,4 @@ TEST(Image, KnowsTheBlockOfEachByte)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::image_test

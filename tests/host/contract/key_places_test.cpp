@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::key_places_test {
 
 namespace {
 
@@ -44,4 +44,4 @@ TEST(KeyPlaces, AreAnArrayForPrograms)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::key_places_test

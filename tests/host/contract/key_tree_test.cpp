@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::key_tree_test {
 
 namespace {
 
@@ -37,4 +37,4 @@ TEST(KeyTree, TakesAnObjectWhoseMembersAloneAreKnown)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::key_tree_test

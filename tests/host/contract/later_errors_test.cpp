@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::later_errors_test {
 
 namespace {
 
@@ -97,4 +97,4 @@ TEST(LaterErrors, TogetherWithTheFirstAreAllThatStandsBetweenAnEmptyDocumentAndA
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::later_errors_test

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora_host {
+namespace kelmora_host::layout_header_test {
 
 namespace {
 
@@ -62,4 +62,4 @@ TEST(LayoutHeader, HoldsTheValuesThatThePluginWasBuiltWith)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::layout_header_test

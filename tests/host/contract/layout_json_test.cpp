@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora_host {
+namespace kelmora_host::layout_json_test {
 
 namespace {
 
@@ -57,4 +57,4 @@ TEST(LayoutsAsJson, OfAllBeginWithTheNode)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::layout_json_test

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::contract_layout_test {
 
 namespace {
 
@@ -169,4 +169,4 @@ TEST(RecordTypes, OfAllResourcesAreAllThatThereAre)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::contract_layout_test

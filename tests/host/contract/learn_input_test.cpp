@@ -1,6 +1,7 @@
 #include "host/contract/learn_input.h"
 
 #include "host/contract/contract.h"
+#include "host/contract/learned.h"
 
 #include "kelmora_json.h"
 
@@ -10,14 +11,12 @@
 #include <iterator>
 #include <set>
 #include <string>
-#include <thread>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::learn_input_test {
 
 namespace {
 
-using ::testing::Each;
 using ::testing::IsSubsetOf;
 
 using Names = std::set<std::string>;
@@ -81,7 +80,7 @@ TEST(LearnInput, FindsEveryKeyThatStandsInAUnitAndNoOther)
         if (is_raw(resource))
             continue;
         const Registration &translators = *Registry::instance().find(resource.number);
-        const Contract contract = learn(resource, translators);
+        const Contract &contract = learned(resource, translators);
         Names keys;
         Names others;
         if (contract.input) {
@@ -111,28 +110,6 @@ TEST(LearnInput, FindsEveryKeyThatStandsInAUnitAndNoOther)
     }
 }
 
-TEST(LearnedInput, IsLearnedOnceForAllThreads)
-{
-    kelmora_json_init();
-    const Resource &resource = *find_resource("wan");
-    const Registration &translators = *Registry::instance().find(resource.number);
-    std::vector<const Input *> learned(8);
-    std::vector<std::thread> threads;
-    threads.reserve(learned.size());
-    for (const Input *&each : learned)
-        threads.emplace_back([&] { each = &learned_input(resource, translators); });
-    for (std::thread &thread : threads)
-        thread.join();
-    EXPECT_THAT(learned, Each(learned.front()));
-    const auto paths = [](const Input &input) {
-        std::vector<std::string> all;
-        for (const InputKey &key : input.keys)
-            all.push_back(key.path);
-        return all;
-    };
-    EXPECT_EQ(paths(*learned.front()), paths(learn_input(resource, translators)));
-}
-
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::learn_input_test

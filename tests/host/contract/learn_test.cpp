@@ -14,7 +14,7 @@
 // found", json), a string that is too long is cut, and the field behind "/a/*/b" is a[].b.
 // A key that is written: the same, as far as it applies.
 
-namespace kelmora_host {
+namespace kelmora_host::learn_test {
 
 namespace {
 
@@ -679,4 +679,4 @@ TEST(Learn, TellsAContractAsJson)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::learn_test

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::listing_test {
 
 namespace {
 
@@ -63,4 +63,4 @@ TEST_F(Listing, NamesSimilarResources)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::listing_test

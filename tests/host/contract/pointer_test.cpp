@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::pointer_test {
 
 namespace {
 
@@ -27,4 +27,4 @@ TEST(TokensOf, AreUnescaped)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::pointer_test

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::positions_test {
 
 namespace {
 
@@ -476,4 +476,4 @@ TEST(Positions, TakeTimeInProportionToTheText)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::positions_test

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <stdexcept>
 
-namespace kelmora_host {
+namespace kelmora_host::schema_test {
 
 namespace {
 
@@ -384,4 +384,4 @@ TEST(OutputSchema, TakesEachOfSeveralTypes)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::schema_test

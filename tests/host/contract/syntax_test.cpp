@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::syntax_test {
 
 namespace {
 
@@ -80,4 +80,4 @@ TEST(FindSyntaxError, FindsBytesThatAreNoText) { EXPECT_NE(find_syntax_error("[\
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::syntax_test

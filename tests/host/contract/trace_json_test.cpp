@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::trace_json_test {
 
 namespace {
 
@@ -82,4 +82,4 @@ TEST_F(TraceJson, TellsTheFieldsOfAnArrayOfStructsEachByItself)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::trace_json_test

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::trace_test {
 
 namespace {
 
@@ -157,4 +157,4 @@ TEST(Stored, IsAStringWithoutTheBytesThatACutLeft)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::trace_test

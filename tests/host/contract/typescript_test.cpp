@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::typescript_test {
 
 namespace {
 
@@ -102,4 +102,4 @@ TEST(Typescript, ForbidsRefusedKeysAndSaysWhenOthersAreRequired)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::typescript_test

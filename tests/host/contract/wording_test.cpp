@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::wording_test {
 
 namespace {
 
@@ -104,4 +104,4 @@ TEST(MeaningOf, IsOfTheFirstFieldOrTheIdentifier)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::wording_test

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::blank_test {
 
 namespace {
 
@@ -41,4 +41,4 @@ TEST(BlankAndStaleRecords, AreThereForEveryResource)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::blank_test

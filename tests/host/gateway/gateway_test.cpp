@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace kelmora_host {
+namespace kelmora_host::gateway_test {
 
 namespace {
 
@@ -96,4 +96,4 @@ TEST(SampleGateway, IsMadeAnewAtEveryCall)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::gateway_test

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-namespace kelmora_host {
+namespace kelmora_host::node_test {
 
 namespace {
 
@@ -154,4 +154,4 @@ TEST(LinkRequest, LetsGoOfNodesThatAreGone)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::node_test

@@ -9,6 +9,10 @@
 #include <new>
 #include <utility>
 
+namespace kelmora_host {
+
+namespace record_test {
+
 namespace {
 
 // A policy of groups of rules: chains in chains, with texts at every level.
@@ -37,23 +41,28 @@ struct Plain {
 
 } // namespace
 
-namespace kelmora_host {
+} // namespace record_test
 
-template <> struct Owned<Rule> {
-    template <class Visitor> static void visit(Rule &rule, Visitor &visitor) { visitor.text(rule.name); }
+template <> struct Owned<record_test::Rule> {
+    template <class Visitor> static void visit(record_test::Rule &rule, Visitor &visitor) { visitor.text(rule.name); }
 };
 
-template <> struct Owned<Group> {
-    template <class Visitor> static void visit(Group &group, Visitor &visitor) { visitor.chain(group.rules); }
+template <> struct Owned<record_test::Group> {
+    template <class Visitor> static void visit(record_test::Group &group, Visitor &visitor)
+    {
+        visitor.chain(group.rules);
+    }
 };
 
-template <> struct Owned<Policy> {
-    template <class Visitor> static void visit(Policy &policy, Visitor &visitor)
+template <> struct Owned<record_test::Policy> {
+    template <class Visitor> static void visit(record_test::Policy &policy, Visitor &visitor)
     {
         visitor.text(policy.comment);
         visitor.chain(policy.groups);
     }
 };
+
+namespace record_test {
 
 namespace {
 
@@ -257,5 +266,7 @@ TEST(Record, CopyingThrowsWhenMemoryRunsOut)
 }
 
 } // namespace
+
+} // namespace record_test
 
 } // namespace kelmora_host

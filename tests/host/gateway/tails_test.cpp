@@ -6,7 +6,7 @@
 #include <thread>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::tails_test {
 
 namespace {
 
@@ -150,4 +150,4 @@ TEST_F(TailsTest, FollowAChainThatOthersReplaceOrLengthen)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::tails_test

@@ -12,7 +12,7 @@
 #include <string>
 #include <unistd.h>
 
-namespace kelmora_host {
+namespace kelmora_host::plugin_doctor_test {
 
 namespace {
 
@@ -178,4 +178,4 @@ TEST(Examine, SaysWhichFileOfAHostIsNoElfFile)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::plugin_doctor_test

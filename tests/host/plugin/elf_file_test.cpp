@@ -9,7 +9,7 @@
 #include <string>
 #include <unistd.h>
 
-namespace kelmora_host {
+namespace kelmora_host::elf_file_test {
 
 namespace {
 
@@ -113,4 +113,4 @@ TEST(ElfFile, SaysWhatIsWrittenToAndResolvedWhenItIsLoaded)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::elf_file_test

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::plugin_interface_test {
 
 namespace {
 
@@ -43,4 +43,4 @@ TEST(InterfaceImports, HaveTheirProviders)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::plugin_interface_test

@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::lists_test {
 
 namespace {
 
@@ -234,4 +234,4 @@ TEST_F(AddedEntries, AreSeenWithTheOtherArgumentsOfTheirCall)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::lists_test

@@ -7,7 +7,7 @@
 #include <string>
 #include <unistd.h>
 
-namespace kelmora_host {
+namespace kelmora_host::machine_test {
 
 namespace {
 
@@ -52,4 +52,4 @@ TEST(Machine, OfThisProgramIsWhatItWasCompiledFor)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::machine_test

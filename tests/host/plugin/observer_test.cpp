@@ -11,7 +11,7 @@
 #include <thread>
 #include <vector>
 
-namespace kelmora_host {
+namespace kelmora_host::observer_test {
 
 namespace {
 
@@ -143,4 +143,4 @@ TEST(Observer, NestsAndAllAreTold)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::observer_test

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace kelmora_host {
+namespace kelmora_host::plugin_test {
 
 namespace {
 
@@ -74,4 +74,4 @@ TEST(Plugin, IsBesideTheProgramUnlessToldOtherwise)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::plugin_test

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace kelmora_host {
+namespace kelmora_host::plugin_registry_test {
 
 namespace {
 
@@ -136,4 +136,4 @@ TEST(Resources, AreRawInTwoCases)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::plugin_registry_test

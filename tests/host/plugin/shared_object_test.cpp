@@ -15,7 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace kelmora_host {
+namespace kelmora_host::shared_object_test {
 
 namespace {
 
@@ -220,4 +220,4 @@ TEST_F(SharedObject, HasSegmentsInTheFile)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::shared_object_test

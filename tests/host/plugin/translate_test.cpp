@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::translate_test {
 
 namespace {
 
@@ -187,4 +187,4 @@ TEST(Write, FreesWhatTheTranslatorLetsGoOf)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::translate_test

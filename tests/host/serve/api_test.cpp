@@ -13,7 +13,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::api_test {
 
 namespace {
 
@@ -582,4 +582,4 @@ TEST_F(ApiTest, SendsTheHeadersThatKeepABrowserSafeWithEveryAnswer)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::api_test

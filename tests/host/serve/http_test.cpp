@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::http_test {
 
 namespace {
 
@@ -92,4 +92,4 @@ TEST(Reasons, StandForTheirStatus)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::http_test

@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <set>
 
-namespace kelmora_host {
+namespace kelmora_host::openapi_test {
 
 namespace {
 
@@ -103,4 +103,4 @@ TEST_F(OpenApi, DeclaresTheParametersOfEachPathAndQuery)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::openapi_test

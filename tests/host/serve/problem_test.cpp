@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::problem_test {
 
 namespace {
 
@@ -46,4 +46,4 @@ TEST(Problem, HasTheFindingsOfALossyDocument)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::problem_test

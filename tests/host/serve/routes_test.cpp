@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::routes_test {
 
 namespace {
 
@@ -72,4 +72,4 @@ TEST(Directions, AreWhatTheResourceHas)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::routes_test

@@ -15,7 +15,7 @@
 #include <thread>
 #include <unistd.h>
 
-namespace kelmora_host {
+namespace kelmora_host::server_test {
 
 namespace {
 
@@ -314,4 +314,4 @@ TEST(Server, StopsBeforeItRuns)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::server_test

@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace kelmora_host {
+namespace kelmora_host::state_folder_test {
 
 namespace {
 
@@ -151,4 +151,4 @@ TEST_F(StateFolder, ThrowsWhenThereIsNone)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::state_folder_test

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <thread>
 
-namespace kelmora_host {
+namespace kelmora_host::state_test {
 
 namespace {
 
@@ -123,4 +123,4 @@ TEST_F(StateTest, LetsOneWriterAtATimeReadAndChangeWithoutLosingAnything)
 
 } // namespace
 
-} // namespace kelmora_host
+} // namespace kelmora_host::state_test

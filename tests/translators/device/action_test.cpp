@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::action_test {
 
 namespace {
 
@@ -63,4 +63,4 @@ TEST_F(ActionFrom, CutsTheActionToItsWidth) { expect_integer("actionID", record(
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::action_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::automatic_maintenance_test {
 
 namespace {
 
@@ -105,4 +105,4 @@ TEST_F(AutomaticMaintenanceFrom, CutsTheTimeToBytes)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::automatic_maintenance_test

@@ -13,7 +13,7 @@
 #include <memory>
 #include <vector>
 
-namespace kelmora_test {
+namespace kelmora_test::backup_restore_test {
 
 namespace {
 
@@ -166,4 +166,4 @@ TEST_F(BackupRestoreFrom, AsksForNoMemory)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::backup_restore_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::change_to_firmware_version_test {
 
 namespace {
 
@@ -92,4 +92,4 @@ TEST_F(ChangeToFirmwareVersionFrom, TakesOnlyTrueForTrue) { expect_boolean("chan
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::change_to_firmware_version_test

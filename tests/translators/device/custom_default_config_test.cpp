@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::custom_default_config_test {
 
 namespace {
 
@@ -68,4 +68,4 @@ TEST_F(CustomDefaultConfigFrom, RefusesWhatIsNoBoolean)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::custom_default_config_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::daily_reboot_test {
 
 namespace {
 
@@ -119,4 +119,4 @@ TEST_F(DailyRebootFrom, TakesATimeThatNoClockShows)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::daily_reboot_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::datetime_test {
 
 namespace {
 
@@ -337,4 +337,4 @@ TEST_F(DatetimeFrom, StoresTheFirst7CharactersOfALongTimezone)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::datetime_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::device_test {
 
 namespace {
 
@@ -218,4 +218,4 @@ TEST_F(DeviceFrom, CutsTheAliasToItsField) { expect_string("alias", record().ali
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::device_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::factory_default_test {
 
 namespace {
 
@@ -65,4 +65,4 @@ TEST_F(FactoryDefaultFrom, CutsTheTimeToItsWidth) { expect_integer("pressedTime"
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::factory_default_test

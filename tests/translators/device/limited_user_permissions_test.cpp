@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::limited_user_permissions_test {
 
 namespace {
 
@@ -94,4 +94,4 @@ TEST_F(LimitedUserPermissionsTo, LeavesOutANameThatIsNotUtf8)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::limited_user_permissions_test

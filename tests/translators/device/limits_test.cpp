@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <utility>
 
-namespace kelmora_test {
+namespace kelmora_test::limits_test {
 
 namespace {
 
@@ -394,4 +394,4 @@ TEST(Limits, WritesBackTheEntriesInTheReverseOrder)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::limits_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::mp_info_test {
 
 namespace {
 
@@ -91,4 +91,4 @@ TEST_F(MpInfoFrom, CutsThePasswordToItsField) { expect_string("password", record
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::mp_info_test

@@ -6,7 +6,7 @@
 
 #include <initializer_list>
 
-namespace kelmora_test {
+namespace kelmora_test::remote_web_access_test {
 
 namespace {
 
@@ -261,4 +261,4 @@ TEST_F(RemoteWebAccessWithoutRange, StoresTheRangeThatIsGiven)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::remote_web_access_test

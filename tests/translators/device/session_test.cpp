@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 
-namespace kelmora_test {
+namespace kelmora_test::session_test {
 
 namespace {
 
@@ -192,4 +192,4 @@ TEST_F(SessionFrom, FetchesTheRecordOnceWhateverTheText)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::session_test

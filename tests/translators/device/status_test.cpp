@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::status_test {
 
 namespace {
 
@@ -66,4 +66,4 @@ TEST_F(StatusTo, WritesAnySwitchButZeroAsTrueAndTheStateAsUnsigned)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::status_test

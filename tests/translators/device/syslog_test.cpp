@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::syslog_test {
 
 namespace {
 
@@ -143,4 +143,4 @@ TEST(Syslog, WritesBackThePortThatWasStored)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::syslog_test

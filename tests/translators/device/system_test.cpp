@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/device.h"
 
-namespace kelmora_test {
+namespace kelmora_test::system_test {
 
 namespace {
 
@@ -252,4 +252,4 @@ TEST_F(SystemFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::system_test

@@ -8,7 +8,7 @@
 #include <array>
 #include <memory>
 
-namespace kelmora_test {
+namespace kelmora_test::upgrade_by_file_test {
 
 namespace {
 
@@ -83,4 +83,4 @@ TEST_F(UpgradeByFileFrom, AsksForNoMemory)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::upgrade_by_file_test

@@ -6,7 +6,7 @@
 
 #include <initializer_list>
 
-namespace kelmora_test {
+namespace kelmora_test::user_test {
 
 namespace {
 
@@ -166,4 +166,4 @@ TEST_F(UserFrom, StoresTheFirst32Characters)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::user_test

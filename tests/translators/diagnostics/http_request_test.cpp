@@ -5,7 +5,7 @@
 #include "kelmora_json.h"
 #include "records/diagnostics.h"
 
-namespace kelmora_test {
+namespace kelmora_test::http_request_test {
 
 namespace {
 
@@ -395,4 +395,4 @@ TEST_F(HttpRequestFrom, ReportsABodyThatNoMemoryIsLeftFor)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::http_request_test

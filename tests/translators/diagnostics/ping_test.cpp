@@ -6,7 +6,7 @@
 
 #include <limits>
 
-namespace kelmora_test {
+namespace kelmora_test::ping_test {
 
 namespace {
 
@@ -339,4 +339,4 @@ TEST_F(PingFrom, StoresTheFirst255CharactersOfALongHost)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ping_test

@@ -6,7 +6,7 @@
 
 #include <limits>
 
-namespace kelmora_test {
+namespace kelmora_test::traceroute_test {
 
 namespace {
 
@@ -401,4 +401,4 @@ TEST_F(TracerouteFrom, StoresTheFirst255CharactersOfALongHost)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::traceroute_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::acl_capability_test {
 
 namespace {
 
@@ -116,4 +116,4 @@ TEST_F(AclCapabilityFrom, TakesOnlyTrueForTrue) { expect_boolean("acl_capability
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::acl_capability_test

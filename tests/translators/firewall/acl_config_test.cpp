@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::acl_config_test {
 
 namespace {
 
@@ -313,4 +313,4 @@ TEST_F(AclConfigFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::acl_config_test

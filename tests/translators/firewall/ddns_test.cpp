@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ddns_test {
 
 namespace {
 
@@ -275,4 +275,4 @@ TEST(Ddns, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ddns_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::filter_test {
 
 namespace {
 
@@ -247,4 +247,4 @@ TEST(Filter, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::filter_test

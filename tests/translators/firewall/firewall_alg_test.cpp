@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_alg_test {
 
 namespace {
 
@@ -168,4 +168,4 @@ TEST(FirewallAlg, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_alg_test

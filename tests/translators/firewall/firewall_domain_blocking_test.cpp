@@ -5,7 +5,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_domain_blocking_test {
 
 namespace {
 
@@ -248,4 +248,4 @@ TEST_F(FirewallDomainBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_domain_blocking_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_ip_port_filtering_test {
 
 namespace {
 
@@ -402,4 +402,4 @@ TEST(FirewallIpPortFiltering, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_ip_port_filtering_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_mac_filtering_test {
 
 namespace {
 
@@ -304,4 +304,4 @@ TEST(FirewallMacFiltering, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_mac_filtering_test

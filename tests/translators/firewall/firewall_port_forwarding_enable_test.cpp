@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_port_forwarding_enable_test {
 
 namespace {
 
@@ -88,4 +88,4 @@ TEST_F(FirewallPortForwardingEnableFrom, TakesOnlyTrueForTrue)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_port_forwarding_enable_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_port_forwarding_table_test {
 
 namespace {
 
@@ -201,4 +201,4 @@ TEST_F(FirewallPortForwardingTableFrom, StoresTheFirst19CharactersOfALongInterfa
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_port_forwarding_table_test

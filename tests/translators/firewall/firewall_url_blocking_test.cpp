@@ -5,7 +5,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::firewall_url_blocking_test {
 
 namespace {
 
@@ -299,4 +299,4 @@ TEST_F(FirewallUrlBlockingFrom, ReportsTheListThatNoMemoryIsLeftFor)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::firewall_url_blocking_test

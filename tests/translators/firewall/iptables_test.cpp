@@ -8,7 +8,7 @@
 
 #include <cstddef>
 
-namespace kelmora_test {
+namespace kelmora_test::iptables_test {
 
 namespace {
 
@@ -434,4 +434,4 @@ TEST(Iptables, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::iptables_test

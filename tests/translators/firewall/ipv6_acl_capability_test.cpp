@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_acl_capability_test {
 
 namespace {
 
@@ -116,4 +116,4 @@ TEST_F(Ipv6AclCapabilityFrom, TakesOnlyTrueForTrue) { expect_boolean("ipv6_acl_c
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_acl_capability_test

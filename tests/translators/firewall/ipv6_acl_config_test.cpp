@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_acl_config_test {
 
 namespace {
 
@@ -234,4 +234,4 @@ TEST_F(Ipv6AclConfigFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_acl_config_test

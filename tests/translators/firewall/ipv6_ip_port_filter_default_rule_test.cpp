@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_ip_port_filter_default_rule_test {
 
 namespace {
 
@@ -96,4 +96,4 @@ TEST(Ipv6IpPortFilterDefaultRule, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_ip_port_filter_default_rule_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_ip_port_filter_test {
 
 namespace {
 
@@ -226,4 +226,4 @@ TEST(Ipv6IpPortFilter, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_ip_port_filter_test

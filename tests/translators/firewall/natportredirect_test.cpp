@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/firewall.h"
 
-namespace kelmora_test {
+namespace kelmora_test::natportredirect_test {
 
 namespace {
 
@@ -236,4 +236,4 @@ TEST_F(NatportredirectFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::natportredirect_test

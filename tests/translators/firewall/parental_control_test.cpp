@@ -28,7 +28,7 @@ int __wrap_kelmora_parental_control_allocate_list(kelmora_parental_control *reco
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
-namespace kelmora_test {
+namespace kelmora_test::parental_control_test {
 
 namespace {
 
@@ -456,4 +456,4 @@ TEST_F(ParentalControlFrom, StoresWhatItGivesOut)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::parental_control_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_dhcp_client_test {
 
 namespace {
 
@@ -76,4 +76,4 @@ TEST_F(Ipv6DhcpClientTo, GrowsTheBufferForManyClients)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_dhcp_client_test

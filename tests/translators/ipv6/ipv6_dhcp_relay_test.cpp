@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_dhcp_relay_test {
 
 namespace {
 
@@ -67,4 +67,4 @@ TEST_F(Ipv6DhcpRelayFrom, CutsTheInterfaceToItsField) { expect_string("interface
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_dhcp_relay_test

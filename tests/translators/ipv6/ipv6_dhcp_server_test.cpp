@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_dhcp_server_test {
 
 namespace {
 
@@ -462,4 +462,4 @@ TEST_F(Ipv6DhcpServerFrom, StoresTheFirstTwoCharactersOfALongDuid)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_dhcp_server_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_dhcp_test {
 
 namespace {
 
@@ -73,4 +73,4 @@ TEST_F(Ipv6DhcpFrom, CutsIntegersToTheirWidth) { expect_integer("mode", record()
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_dhcp_test

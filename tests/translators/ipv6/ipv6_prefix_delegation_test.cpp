@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_prefix_delegation_test {
 
 namespace {
 
@@ -174,4 +174,4 @@ TEST_F(Ipv6PrefixDelegationFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_prefix_delegation_test

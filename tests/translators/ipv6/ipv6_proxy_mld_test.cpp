@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_proxy_mld_test {
 
 namespace {
 
@@ -106,4 +106,4 @@ TEST_F(Ipv6ProxyMldFrom, StoresALargeCountAsNegative)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_proxy_mld_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_radvd_test {
 
 namespace {
 
@@ -452,4 +452,4 @@ TEST(Ipv6Radvd, WritesBackTheLifetimesThatLastForEver)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_radvd_test

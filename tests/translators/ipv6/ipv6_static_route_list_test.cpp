@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_static_route_list_test {
 
 namespace {
 
@@ -118,4 +118,4 @@ TEST_F(Ipv6StaticRouteListTo, WritesALongTableIntoALargerBuffer)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_static_route_list_test

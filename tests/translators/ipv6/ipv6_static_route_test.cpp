@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::ipv6_static_route_test {
 
 namespace {
 
@@ -209,4 +209,4 @@ TEST(Ipv6StaticRoute, WritesBackTheRouteThatWasStored)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::ipv6_static_route_test

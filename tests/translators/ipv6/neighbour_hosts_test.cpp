@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/ipv6.h"
 
-namespace kelmora_test {
+namespace kelmora_test::neighbour_hosts_test {
 
 namespace {
 
@@ -173,4 +173,4 @@ TEST_F(NeighbourHostsFrom, StoresTheFirst46And17And19Characters)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::neighbour_hosts_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::epon_llid_status_test {
 
 namespace {
 
@@ -45,4 +45,4 @@ TEST_F(EponLlidStatusTo, LeavesOutADescriptionThatIsNotUtf8)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::epon_llid_status_test

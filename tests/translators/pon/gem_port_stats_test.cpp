@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::gem_port_stats_test {
 
 namespace {
 
@@ -48,4 +48,4 @@ TEST_F(GemPortStatsTo, WritesNumbersAsUnsigned)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::gem_port_stats_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::gpon_status_test {
 
 namespace {
 
@@ -87,4 +87,4 @@ TEST_F(GponStatusTo, LeavesOutADescriptionThatIsNotUtf8)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::gpon_status_test

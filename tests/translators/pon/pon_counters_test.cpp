@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::pon_counters_test {
 
 namespace {
 
@@ -58,4 +58,4 @@ TEST_F(PonCountersTo, WritesNumbersAsUnsigned)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::pon_counters_test

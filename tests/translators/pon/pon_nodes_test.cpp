@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::pon_nodes_test {
 
 namespace {
 
@@ -48,4 +48,4 @@ TEST_F(PonNodesTo, LeavesOutAModelThatIsNotUtf8)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::pon_nodes_test

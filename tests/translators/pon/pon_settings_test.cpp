@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::pon_settings_test {
 
 namespace {
 
@@ -238,4 +238,4 @@ TEST_F(PonSettingsFrom, CutsTheProfileToAByte)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::pon_settings_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/pon.h"
 
-namespace kelmora_test {
+namespace kelmora_test::pon_stats_test {
 
 namespace {
 
@@ -38,4 +38,4 @@ TEST_F(PonStatsTo, WritesNumbersAsUnsigned)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::pon_stats_test

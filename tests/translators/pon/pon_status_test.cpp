@@ -6,7 +6,7 @@
 
 #include <limits>
 
-namespace kelmora_test {
+namespace kelmora_test::pon_status_test {
 
 namespace {
 
@@ -89,4 +89,4 @@ TEST_F(PonStatusTo, LeavesOutEachTextThatIsNotUtf8)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::pon_status_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/qos.h"
 
-namespace kelmora_test {
+namespace kelmora_test::qos_available_dscp_test {
 
 namespace {
 
@@ -165,4 +165,4 @@ TEST_F(QosAvailableDscpTo, SurvivesFailingMemoryWithATextThatNeedsALargerBuffer)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::qos_available_dscp_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/qos.h"
 
-namespace kelmora_test {
+namespace kelmora_test::qos_classification_test {
 
 namespace {
 
@@ -517,4 +517,4 @@ TEST_F(QosClassificationFrom, DoesNotTakeBackWhatWasWrittenUntilTheOrderIsGone)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::qos_classification_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/qos.h"
 
-namespace kelmora_test {
+namespace kelmora_test::qos_policy_test {
 
 namespace {
 
@@ -327,4 +327,4 @@ TEST(QosPolicy, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::qos_policy_test

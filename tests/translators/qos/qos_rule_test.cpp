@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/qos.h"
 
-namespace kelmora_test {
+namespace kelmora_test::qos_rule_test {
 
 namespace {
 
@@ -243,4 +243,4 @@ TEST_F(QosRuleFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::qos_rule_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/qos.h"
 
-namespace kelmora_test {
+namespace kelmora_test::qos_test {
 
 namespace {
 
@@ -108,4 +108,4 @@ TEST_F(QosFrom, CutsIntegersToTheirWidth)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::qos_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/qos.h"
 
-namespace kelmora_test {
+namespace kelmora_test::qos_traffic_control_test {
 
 namespace {
 
@@ -339,4 +339,4 @@ TEST(QosTrafficControl, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::qos_traffic_control_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
 
-namespace kelmora_test {
+namespace kelmora_test::tr069_config_test {
 
 namespace {
 
@@ -419,4 +419,4 @@ TEST(Tr069Config, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::tr069_config_test

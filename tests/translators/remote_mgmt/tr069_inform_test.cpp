@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
 
-namespace kelmora_test {
+namespace kelmora_test::tr069_inform_test {
 
 namespace {
 
@@ -63,4 +63,4 @@ TEST_F(Tr069InformTo, WritesACauseOfAnyLengthWhole)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::tr069_inform_test

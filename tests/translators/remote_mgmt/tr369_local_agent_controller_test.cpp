@@ -8,7 +8,7 @@
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
 
-namespace kelmora_test {
+namespace kelmora_test::tr369_local_agent_controller_test {
 
 namespace {
 
@@ -548,4 +548,4 @@ TEST(Tr369LocalAgentController, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::tr369_local_agent_controller_test

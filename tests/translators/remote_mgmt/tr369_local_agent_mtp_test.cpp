@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
 
-namespace kelmora_test {
+namespace kelmora_test::tr369_local_agent_mtp_test {
 
 namespace {
 
@@ -260,4 +260,4 @@ TEST_F(Tr369LocalAgentMtpFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::tr369_local_agent_mtp_test

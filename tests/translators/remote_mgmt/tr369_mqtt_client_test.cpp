@@ -7,7 +7,7 @@
 #include "kelmora_json.h"
 #include "records/remote_mgmt.h"
 
-namespace kelmora_test {
+namespace kelmora_test::tr369_mqtt_client_test {
 
 namespace {
 
@@ -374,4 +374,4 @@ TEST(Tr369MqttClient, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::tr369_mqtt_client_test

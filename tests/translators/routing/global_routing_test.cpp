@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::global_routing_test {
 
 namespace {
 
@@ -104,4 +104,4 @@ TEST_F(GlobalRoutingTo, LeavesOutATextWhoseCutSplitsACharacter)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::global_routing_test

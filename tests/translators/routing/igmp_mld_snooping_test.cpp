@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::igmp_mld_snooping_test {
 
 namespace {
 
@@ -69,4 +69,4 @@ TEST_F(IgmpMldSnoopingFrom, TakesOnlyTrueForTrue) { expect_boolean("enabled", re
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::igmp_mld_snooping_test

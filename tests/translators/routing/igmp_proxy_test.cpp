@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::igmp_proxy_test {
 
 namespace {
 
@@ -156,4 +156,4 @@ TEST_F(IgmpProxyFrom, CutsIntegersToTheirWidth)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::igmp_proxy_test

@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace kelmora_test {
+namespace kelmora_test::loop_back_detect_test {
 
 namespace {
 
@@ -330,4 +330,4 @@ TEST_F(LoopBackDetectFrom, CutsIntegersToTheirWidth)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::loop_back_detect_test

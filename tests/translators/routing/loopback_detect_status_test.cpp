@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::loopback_detect_status_test {
 
 namespace {
 
@@ -102,4 +102,4 @@ TEST_F(LoopbackDetectStatusFrom, CutsThePortToItsField) { expect_string("port", 
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::loopback_detect_status_test

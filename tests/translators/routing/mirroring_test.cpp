@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::mirroring_test {
 
 namespace {
 
@@ -98,4 +98,4 @@ TEST_F(MirroringFrom, CutsIntegersToTheirWidth)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::mirroring_test

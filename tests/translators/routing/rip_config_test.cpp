@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::rip_config_test {
 
 namespace {
 
@@ -111,4 +111,4 @@ TEST_F(RipConfigFrom, CutsTheInterfaceToItsField) { expect_string("interfaceID",
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::rip_config_test

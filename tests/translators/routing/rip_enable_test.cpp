@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::rip_enable_test {
 
 namespace {
 
@@ -67,4 +67,4 @@ TEST_F(RipEnableFrom, TakesOnlyTrueForTrue) { expect_boolean("enable", record().
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::rip_enable_test

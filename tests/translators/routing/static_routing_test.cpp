@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/routing.h"
 
-namespace kelmora_test {
+namespace kelmora_test::static_routing_test {
 
 namespace {
 
@@ -233,4 +233,4 @@ TEST_F(StaticRoutingFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::static_routing_test

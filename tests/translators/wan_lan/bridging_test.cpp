@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::bridging_test {
 
 namespace {
 
@@ -168,4 +168,4 @@ TEST_F(BridgingFrom, CutsTheAgeingTimeToItsWidth) { expect_integer("ageing_time"
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::bridging_test

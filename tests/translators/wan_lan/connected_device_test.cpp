@@ -5,7 +5,7 @@
 
 #include <limits>
 
-namespace kelmora_test {
+namespace kelmora_test::connected_device_test {
 
 namespace {
 
@@ -232,4 +232,4 @@ TEST_F(ConnectedDeviceTo, WritesTwentyDevicesWithTwentyAddressesIntoALargerBuffe
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::connected_device_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::dhcp_client_test {
 
 namespace {
 
@@ -78,4 +78,4 @@ TEST_F(DhcpClientTo, GrowsTheBufferForManyClients)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::dhcp_client_test

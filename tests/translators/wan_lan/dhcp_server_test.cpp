@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::dhcp_server_test {
 
 namespace {
 
@@ -271,4 +271,4 @@ TEST_F(DhcpServerFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::dhcp_server_test

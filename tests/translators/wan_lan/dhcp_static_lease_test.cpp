@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::dhcp_static_lease_test {
 
 namespace {
 
@@ -150,4 +150,4 @@ TEST_F(DhcpStaticLeaseFrom, StoresTheFirst32CharactersOfALongDescription)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::dhcp_static_lease_test

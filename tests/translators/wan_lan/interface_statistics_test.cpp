@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::interface_statistics_test {
 
 namespace {
 
@@ -214,4 +214,4 @@ TEST_F(InterfaceStatisticsFrom, CutsTextsToTheirField) { expect_string("interfac
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::interface_statistics_test

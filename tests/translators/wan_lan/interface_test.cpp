@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace kelmora_test {
+namespace kelmora_test::wan_lan_interface_test {
 
 namespace {
 
@@ -325,4 +325,4 @@ TEST_F(InterfaceFrom, ReportsTheListThatNoMemoryIsLeftFor)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wan_lan_interface_test

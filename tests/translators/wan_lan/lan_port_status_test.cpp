@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::lan_port_status_test {
 
 namespace {
 
@@ -58,4 +58,4 @@ TEST_F(LanPortStatusTo, GrowsTheBufferForManyNodes)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::lan_port_status_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::lan_test {
 
 namespace {
 
@@ -126,4 +126,4 @@ TEST_F(LanFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::lan_test

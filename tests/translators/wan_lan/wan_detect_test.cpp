@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::wan_detect_test {
 
 namespace {
 
@@ -88,4 +88,4 @@ TEST_F(WanDetectFrom, CutsIntegersToTheirWidth)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wan_detect_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::wan_lan_list_test {
 
 namespace {
 
@@ -248,4 +248,4 @@ TEST_F(WanLanListFrom, CutsTextsToTheirField)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wan_lan_list_test

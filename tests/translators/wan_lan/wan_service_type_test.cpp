@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::wan_service_type_test {
 
 namespace {
 
@@ -99,4 +99,4 @@ TEST_F(WanServiceTypeFrom, TakesOnlyTrueForTrue)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wan_service_type_test

@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/wan_lan.h"
 
-namespace kelmora_test {
+namespace kelmora_test::wan_test {
 
 namespace {
 
@@ -418,4 +418,4 @@ TEST(Wan, TakesBackWhatItWrote)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wan_test

@@ -10,7 +10,7 @@
 #include <jansson.h>
 #include <type_traits>
 
-namespace kelmora_test {
+namespace kelmora_test::easymesh_test {
 
 namespace {
 
@@ -549,4 +549,4 @@ TEST_F(EasymeshFrom, KeepsTheOldChainUntilThereIsANewOne)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::easymesh_test

@@ -4,7 +4,7 @@
 #include "kelmora_json.h"
 #include "records/wireless.h"
 
-namespace kelmora_test {
+namespace kelmora_test::radio_test {
 
 namespace {
 
@@ -158,4 +158,4 @@ TEST_F(RadioFrom, CutsIntegersToTheirWidth)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::radio_test

@@ -3,7 +3,7 @@
 #include "kelmora_json.h"
 #include "records/wireless.h"
 
-namespace kelmora_test {
+namespace kelmora_test::site_survey_test {
 
 namespace {
 
@@ -99,4 +99,4 @@ TEST_F(SiteSurveyTo, GrowsTheBufferForALongScan)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::site_survey_test

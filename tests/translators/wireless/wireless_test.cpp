@@ -6,7 +6,7 @@
 #include "kelmora_json.h"
 #include "records/wireless.h"
 
-namespace kelmora_test {
+namespace kelmora_test::wireless_test {
 
 namespace {
 
@@ -255,4 +255,4 @@ TEST(Wireless, WritesBackTheThresholdAndTheCodesThatWereStored)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wireless_test

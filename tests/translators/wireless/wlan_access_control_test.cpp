@@ -7,7 +7,7 @@
 
 #include <optional>
 
-namespace kelmora_test {
+namespace kelmora_test::wlan_access_control_test {
 
 namespace {
 
@@ -258,4 +258,4 @@ TEST_F(WlanAccessControlFrom, StoresWhatItGivesOut)
 
 } // namespace
 
-} // namespace kelmora_test
+} // namespace kelmora_test::wlan_access_control_test
