@@ -17,34 +17,17 @@ if git grep -nE '^ *# *include *<' -- frame translators include |
 fi
 git ls-files '*.h' '*.c' '*.cpp' | xargs clang-format --dry-run -Werror
 
-# What costs is the headers that sources have in common: but for the plug-in's they are looked at in the bundles of a build
-# that is never made. A source of two programs is looked at once.
+sh scripts/build.sh release selftest_vectors
 cmake --preset lint >build/configure-lint.log 2>&1 || {
     cat build/configure-lint.log >&2
     exit 1
 }
-sh scripts/build.sh release selftest_vectors
 mkdir -p build/lint/selftest
 cp build/release/selftest/vectors.inc build/lint/selftest/
-work=build/lint/once
+work=build/lint/bundles
 rm -rf "$work"
 mkdir -p "$work"
-/usr/bin/python3 -B - build/lint/compile_commands.json "$work" <<'EOT'
-import json, os, re, sys
-
-commands, work = sys.argv[1:]
-kinds = {"plugin": r"(frame|translators)/", "tests": r"(build/lint/)?(tests|fuzz)/", "tools": r""}
-chosen = {}
-for command in json.load(open(commands)):
-    name = os.path.relpath(command["file"])
-    if not name.startswith("build/") or "/Unity/" in name:
-        chosen.setdefault(name, command)
-json.dump(list(chosen.values()), open(f"{work}/compile_commands.json", "w"))
-for name in chosen:
-    if not name.startswith("../") and "/googletest/" not in name:
-        kind = next(kind for kind, pattern in kinds.items() if re.match(pattern, name))
-        print(name, file=open(f"{work}/{kind}.txt", "a"))
-EOT
+/usr/bin/python3 -B scripts/tidy_bundles.py build/lint/compile_commands.json "$work"
 
 # The analyzer, which takes most of the time, is for what runs on devices. Tests may also join strings as they like, also
 # literals, compare bytes, and multiply small numbers.
