@@ -2,7 +2,7 @@
 """tidy_bundles.py COMPILE_COMMANDS FOLDER: what clang-tidy is to look at, in FOLDER: compile_commands.json, and a list each of
 the plug-in's sources, the tests' and the tools'.
 
-What costs is the headers, so sources that are compiled alike are looked at in bundles. Not the plug-in's, which have few
+What costs is the headers, so sources that are compiled alike, but for definitions, are looked at in bundles. Not the plug-in's, which have few
 headers; not programs, which would all be main; nor the benchmarks, whose names are alike. A source of two programs is
 looked at once.
 """
@@ -56,11 +56,14 @@ def main():
             seen.add(name)
             arguments = arguments_of(command)
             if can_be_bundled(name):
-                groups.setdefault((kind, command["directory"], tuple(arguments)), []).append(name)
+                alike = tuple(argument for argument in arguments if not argument.startswith(("-D", "-O")))
+                names, definitions = groups.setdefault((kind, command["directory"], alike), ([], set()))
+                names.append(name)
+                definitions.update(argument for argument in arguments if argument.startswith("-D"))
             else:
                 add(kind, name, command["directory"], arguments)
 
-    for (kind, directory, arguments), names in groups.items():
+    for (kind, directory, alike), (names, definitions) in groups.items():
         for begin in range(0, len(names), IN_BUNDLE):
             bundle = f"{folder}/{kind}_{len(database)}.cpp"
             with open(bundle, "w", encoding="utf-8") as file:
