@@ -1,8 +1,8 @@
 #!/bin/sh
-# packages_test.sh: what make_packages.sh makes is the same again in another folder and time zone, without the compiler
-# cache; it holds the files that it should, of which none knows where it was built; lintian has nothing to say; and the
-# target's self-test passes with the plug-in beside it. It is not among the tests of a build, as it builds everything
-# itself, into build/packages and build/packages-elsewhere. The exit status is 77 where a tool is missing.
+# packages_test.sh: what make_packages.sh makes is the same again in another folder and time zone; it holds the files that
+# it should, of which none knows where it was built; lintian has nothing to say; and the target's self-test passes with the
+# plug-in beside it. It is not among the tests of a build, as it builds everything itself, into build/packages and
+# build/packages-elsewhere. The exit status is 77 where a tool is missing.
 set -eu
 export LC_ALL=C
 cd "$(dirname "$0")/../.."
@@ -47,7 +47,8 @@ ln -s "$root/build/mips-sysroot" "$root/build/musl-sysroot" "$elsewhere/build/"
     cd "$elsewhere"
     git init -q
     git add -A -f -- ':!build'
-    CCACHE_DISABLE=1 TZ=Pacific/Auckland sh scripts/make_packages.sh >"$work/elsewhere.log"
+    # Nothing from the compiler cache but what was compiled in this very folder.
+    CCACHE_NAMESPACE=$elsewhere TZ=Pacific/Auckland sh scripts/make_packages.sh >"$work/elsewhere.log"
 )
 took "made again, elsewhere"
 
@@ -178,8 +179,8 @@ done
 selftest() {
     machine=$1
     shift
-    qemu-mips "$@" "$work/$machine/usr/bin/kelmora-selftest" "$work/$machine/usr/lib/kelmora/$plugin" >"$work/selftest" ||
-        { cat "$work/selftest" >&2 && fail "the self-test fails on $machine"; }
+    qemu-mips "$@" "$work/$machine/usr/bin/kelmora-selftest" "$work/$machine/usr/lib/kelmora/$plugin" >"$work/selftest" 2>"$work/told" ||
+        { cat "$work/selftest" "$work/told" >&2 && fail "the self-test fails on $machine"; }
     tail -n 1 "$work/selftest" | grep -qx '[0-9][0-9][0-9][0-9]* passed, 0 failed' || fail "$machine: no last line"
 }
 selftest mips-linux-gnu -L /usr/mips-linux-gnu -E LD_LIBRARY_PATH="$root/build/mips-sysroot/lib"
