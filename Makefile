@@ -11,7 +11,8 @@ needs_libraries = libraries
 needs_size = mips
 needs_stack = mips
 
-.PHONY: all help demo check test mips machines musl bench soak fuzz coverage mutation docs contracts lint format install clean
+.PHONY: all help demo check test mips machines musl bench soak fuzz coverage mutation docs contracts packages lint format install \
+	clean
 .DEFAULT_GOAL := all
 
 all: ## the plug-in for this machine, in build/release
@@ -81,6 +82,10 @@ contracts: ## makes schemas/ and types/ anew from the plug-in
 	$(call needs,host)
 	@sh scripts/build.sh release kelmora_json kelmora-host
 	@sh scripts/make_contract_files.sh
+
+packages: ## Debian packages for this machine and archives for the target, in build/packages
+	$(call needs,host mips docs packages)
+	@sh scripts/make_packages.sh
 
 lint: ## clang-format, clang-tidy and shellcheck find nothing
 	$(call needs,host test lint)

@@ -1,5 +1,5 @@
-# What `cmake --install` puts where: the plug-in, the public headers, the page of the development host, schemas, types and
-# reference, and what tells pkg-config and CMake about them.
+# What `cmake --install` puts where: the plug-in, the public headers, the programs' pages, schemas, types and reference, and
+# what tells pkg-config and CMake about them.
 
 include(CMakePackageConfigHelpers)
 
@@ -14,10 +14,8 @@ install(DIRECTORY include/ DESTINATION ${header_dir} FILES_MATCHING PATTERN *.h 
 configure_file(cmake/kelmora_config.h.in kelmora_config.h @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kelmora_config.h DESTINATION ${header_dir})
 
-# The development host's page; the program itself is installed where it was built.
-if(EXISTS ${PROJECT_SOURCE_DIR}/docs/kelmora-host.1)
-    install(FILES docs/kelmora-host.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-endif()
+# The programs' pages; the programs themselves are installed where they were built.
+install(FILES docs/kelmora-host.1 docs/kelmora-selftest.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
 
 # What tells front-end developers about the documents; the reference where `make docs` has made it.
 install(DIRECTORY schemas types DESTINATION ${CMAKE_INSTALL_DATADIR}/kelmora_json)

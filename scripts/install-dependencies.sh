@@ -47,6 +47,10 @@ lint        python3-clang-14    -
 bench       python3             python3
 bench       valgrind            valgrind
 bench       libbenchmark-dev    benchmark/benchmark.h
+packages    debhelper           dh
+packages    dpkg-dev            dpkg-buildpackage
+packages    lintian             lintian
+packages    mmdebstrap          mmdebstrap
 docs        python3             python3
 docs        python3-jinja2      -
 browser     chromium            chromium

@@ -63,7 +63,8 @@ grep '_translator$' abi/exports.txt >"$work/found"
 compare "abi/exports.txt" "$work/translators" "$work/found"
 
 version=$(sed -n 's/^#define KELMORA_JSON_VERSION "\(.*\)"$/\1/p' include/kelmora_json.h)
-other_versions=$(grep -noE 'libkelmora_json\.so\.[0-9.]*[0-9]' ./*.md bench/README.md | grep -v ":libkelmora_json\.so\.$version\$" || true)
+other_versions=$(grep -noE '(libkelmora_json\.so\.|kelmora-(json|json-dev|host)[-_])[0-9][0-9.]*[0-9]' ./*.md bench/README.md docs/*.1 |
+    grep -v "[-._]$version\$" || true)
 newest=$(sed -n 's/^## \([0-9][0-9.]*\).*/\1/p' CHANGELOG.md | head -n 1)
 [ -z "$other_versions" ] || {
     echo "these name another version than $version:"
@@ -72,6 +73,11 @@ newest=$(sed -n 's/^## \([0-9][0-9.]*\).*/\1/p' CHANGELOG.md | head -n 1)
 }
 [ "$newest" = "$version" ] || {
     echo "CHANGELOG.md begins with $newest, not with $version"
+    status=1
+}
+packaged=$(sed -n '1s/^kelmora-json (\(.*\)) .*/\1/p' debian/changelog)
+[ "$packaged" = "$version" ] || {
+    echo "debian/changelog begins with $packaged, not with $version"
     status=1
 }
 

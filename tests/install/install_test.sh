@@ -44,11 +44,13 @@ $libdir/pkgconfig/kelmora_json.pc
 $libdir/cmake/kelmora_json/kelmora_json-config.cmake
 $libdir/cmake/kelmora_json/kelmora_json-config-version.cmake
 EOT
-    [ ! -f "$build/kelmora-host" ] || echo "$prefix/bin/kelmora-host"
+    for program in kelmora-host kelmora-selftest; do
+        [ ! -f "$build/$program" ] || echo "$prefix/bin/$program"
+        echo "$prefix/share/man/man1/$program.1"
+    done
     (cd "$root" && find schemas types -type f) | sed "s|^|$prefix/share/kelmora_json/|"
     [ ! -d "$root/build/docs" ] ||
         (cd "$root/build/docs" && find . -type f) | sed "s|^\.|$prefix/share/doc/kelmora_json/reference|"
-    [ ! -f "$root/docs/kelmora-host.1" ] || echo "$prefix/share/man/man1/kelmora-host.1"
 } | sort >"$stage/expected"
 (cd "$stage/root" && find . ! -type d) | sed 's/^\.//' | sort >"$stage/installed"
 diff -u "$stage/expected" "$stage/installed" || fail "other files were installed than expected (-)"

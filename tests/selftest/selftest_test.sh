@@ -59,3 +59,7 @@ expect 1 "$@" "$selftest" /nowhere
 grep -q '^FAILED: .*/nowhere' "$work/out" || fail "it does not say that there is no plug-in"
 
 expect 2 "$@" "$selftest"
+
+if command -v mandoc >/dev/null; then
+    mandoc -T lint -W warning "$root/docs/kelmora-selftest.1" >&2 || fail "mandoc complains of the man page"
+fi
