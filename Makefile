@@ -28,7 +28,7 @@ demo: ## builds the development host too, and shows the plug-in's main job on re
 	@sh scripts/demo.sh
 
 check: ## everything that must hold, on x86-64, with sanitizers and on MIPS
-	$(call needs,host test sanitize mips machines lint bench docs browser)
+	$(call needs,host test sanitize mips machines lint bench docs browser packages)
 	@sh scripts/check.sh
 
 test: ## the quick loop while working: the tests of PRESET (release), with gcc on this machine

@@ -43,7 +43,9 @@ stage() {
 
 # tests PRESET NEEDS TITLE
 tests() {
-    stage "$1-tests" run "$2" "$3" "[ -f build/$1/tests/CTestTestfile.cmake ] || exit 77; ctest --preset $1"
+    stage "$1-tests" run "$2" "$3" \
+        "[ -f build/$1/tests/CTestTestfile.cmake ] || { echo GoogleTest or what kelmora-host needs was not found; exit 77; }
+        ctest --preset $1"
 }
 
 # In the order in which a lane takes them.
@@ -77,12 +79,19 @@ if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt 
         stage mips-musl build release "building plug-in and self-test for MIPS with musl" \
             "sh scripts/build-musl-sysroot.sh && sh scripts/build.sh mips-musl"
         stage mips-musl-tests run mips-musl "self-test on MIPS with musl, under qemu-mips" \
-            "[ -f build/release/selftest/vectors.inc ] || exit 77; ctest --preset mips-musl"
+            "[ -f build/release/selftest/vectors.inc ] || { echo there are no vectors of it; exit 77; }; ctest --preset mips-musl"
     else
         leave_out "the build for musl and its self-test"
     fi
 else
     leave_out "the MIPS build and its tests"
+fi
+
+if can dh dpkg-buildpackage lintian mips-linux-gnu-g++ qemu-mips && [ -f build/musl-source/configure ]; then
+    stage packages build mips-musl "packages, made twice" "sh tests/packages/packages_test.sh"
+    stage fresh-root run packages "packages installed and used in a fresh Debian root" "sh tests/packages/fresh_root_test.sh"
+else
+    leave_out "the packages"
 fi
 
 if can_sanitize; then
@@ -167,7 +176,7 @@ while :; do
         printf '%6d s  %s\n' "$seconds" "$title" >>"$work/times"
         ;;
     77)
-        leave_out "the $title (GoogleTest or what kelmora-host needs was not found)"
+        leave_out "the $title ($(tail -n 1 "$work/$name.log"))"
         ;;
     *)
         stop

@@ -275,7 +275,7 @@ static int check_imports(void *process)
 /* ---- The stack ------------------------------------------------------------------------------------------------- */
 
 /* What the README asks for, and the deepest document: jansson takes 2048 levels, one of which is not for lists. */
-enum { STACK = 256 * 1024, DEEPEST = 2047 };
+enum { STACK = (sizeof(void *) == 4 ? 256 : 512) * 1024, DEEPEST = 2047 };
 
 static void *parse_deepest(void *unused)
 {
