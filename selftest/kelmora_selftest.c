@@ -449,11 +449,13 @@ static int takes(const struct resource *resource, const struct change *change, c
     const struct sample *sample = &resource->samples[0];
     struct node node = node_of(sample);
     struct kelmora_errorlist errors = {""};
+    size_t length;
     int result;
 
     missing.lines[0] = '\0';
     result = translators[resource - resources].from(&node.resource, document, &errors);
-    strncat(errors.lines, missing.lines, sizeof errors.lines - strlen(errors.lines) - 1);
+    length = strlen(errors.lines);
+    snprintf(errors.lines + length, sizeof errors.lines - length, "%s", missing.lines);
     if (result != change->result || strcmp(errors.lines, change->told) != 0) {
         differs(resource, "errors", document, errors.lines, change->told);
         fprintf(stderr, "  with the result %d, and %d was expected\n", result, change->result);

@@ -81,6 +81,23 @@ if ! {
 fi
 "$stage/consumer/host" "$stage/root$plugin" "$root/examples" >"$stage/host.out" || fail "the host that CMake built failed"
 
+# jansson_of_another_machine OPTION...: the one that the package takes in a build for another machine.
+mkdir "$stage/another"
+cat >"$stage/another/CMakeLists.txt" <<'EOT'
+cmake_minimum_required(VERSION 3.25)
+project(another LANGUAGES C)
+find_package(kelmora_json REQUIRED)
+message("jansson: ${kelmora_json_JANSSON}")
+EOT
+jansson_of_another_machine() {
+    rm -rf "$stage/another/build"
+    "$cmake" -S "$stage/another" -B "$stage/another/build" -DCMAKE_SYSTEM_NAME=Linux -DCMAKE_C_COMPILER="$CC" \
+        -Dkelmora_json_DIR="$stage/root$libdir/cmake/kelmora_json" "$@" 2>&1 | sed -n 's/^jansson: //p'
+}
+equal "jansson of another machine" kelmora_json_JANSSON-NOTFOUND "$(jansson_of_another_machine)"
+equal "jansson that is named" "$JANSSON_LIBRARY" \
+    "$(jansson_of_another_machine -DCMAKE_LIBRARY_PATH="$(dirname "$JANSSON_LIBRARY")")"
+
 # The installed program finds the plug-in that was installed with it, wherever the tree below the prefix is.
 host=$stage/root$prefix/bin/kelmora-host
 if [ -f "$host" ] && [ "$plugindir" != "$4" ]; then
