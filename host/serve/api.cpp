@@ -25,6 +25,7 @@
 #include <sstream>
 #include <system_error>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace kelmora_host {
@@ -73,6 +74,14 @@ Answer no_record(const Resource &resource, std::string_view id)
 {
     return problem(404, fmt::format("{} has no record of the id {}", resource.name, in_quotes(id)));
 }
+
+bool may_be_id(std::string_view id)
+{
+    return !id.empty() && id.size() <= Node::longest_id && id.find('\0') == std::string_view::npos &&
+           Json(json_text(id)) != nullptr;
+}
+
+Answer no_id() { return problem(400, fmt::format("an id has 1 to {} bytes of UTF-8", Node::longest_id)); }
 
 /// Of what a query has that the route does not take; nothing when all is well.
 std::optional<Answer> fault_of_query(const Route &route, const RequestTarget &target)
@@ -405,9 +414,8 @@ Answer Api::put(const Call &call)
 Answer Api::post(const Call &call)
 {
     const std::string_view id = call.parameter("id");
-    if (id.empty() || id.size() > Node::longest_id || id.find('\0') != std::string_view::npos ||
-        Json(json_text(id)) == nullptr)
-        return problem(400, fmt::format("an id has 1 to {} bytes of UTF-8", Node::longest_id));
+    if (!may_be_id(id))
+        return no_id();
     State::Writer writer(state_, *call.resource);
     if (writer.find(id))
         return problem(409, fmt::format("{} has a record of the id {}", call.resource->name, in_quotes(id)));
@@ -473,25 +481,31 @@ Answer Api::remove(const Call &call)
     return {204, "", "", {}};
 }
 
-std::optional<Node> Api::target_of(const Call &call) const
+std::variant<Node, Answer> Api::target_of(const Call &call) const
 {
     const bool any = !call.target.query.contains("id");
+    if (call.parameter("new") == "true") {
+        if (!any && !may_be_id(call.parameter("id")))
+            return no_id();
+        return Node(call.parameter("id"), blank_record(*call.resource));
+    }
     const std::vector<std::string> ids = any ? state_.ids(*call.resource) : std::vector<std::string>();
     const std::string id = !any ? std::string(call.parameter("id")) : ids.empty() ? "" : ids.front();
     if (std::optional<VersionedNode> found = state_.find(*call.resource, id))
         return std::move(found->node);
     if (any) // as if it were for a new one
         return Node("", blank_record(*call.resource));
-    return std::nullopt;
+    return no_record(*call.resource, id);
 }
 
 Answer Api::check_document(const Call &call) const
 {
-    const std::optional<Node> node = target_of(call);
-    if (!node)
-        return no_record(*call.resource, call.parameter("id"));
+    const std::variant<Node, Answer> target = target_of(call);
+    if (const auto *fault = std::get_if<Answer>(&target))
+        return *fault;
+    const Node &node = std::get<Node>(target);
     return json_answer(as_json(CheckedFile{
-        "", call.resource->name, kelmora_host::check(*call.resource, call.translators(), *node, call.request.body),
+        "", call.resource->name, kelmora_host::check(*call.resource, call.translators(), node, call.request.body),
         std::nullopt, is_raw(*call.resource)}));
 }
 
@@ -499,9 +513,10 @@ Answer Api::trace_document(const Call &call) const
 {
     const Resource &resource = *call.resource;
     const std::string &text = call.request.body;
-    const std::optional<Node> node = target_of(call);
-    if (!node)
-        return no_record(resource, call.parameter("id"));
+    const std::variant<Node, Answer> target = target_of(call);
+    if (const auto *fault = std::get_if<Answer>(&target))
+        return *fault;
+    const Node &node = std::get<Node>(target);
     if (is_raw(resource))
         return problem(422, fmt::format("{} takes raw bytes, in which nothing is looked up", resource.name));
     const std::optional<SyntaxError> nul = find_nul_byte(text);
@@ -510,9 +525,9 @@ Answer Api::trace_document(const Call &call) const
             {CheckResult::rejected, {{{"", "invalid json data", "json"}, "", error->position, error->what}}, {}},
             "nothing is looked up in a text that is no JSON");
     const std::optional<Positions> document = Positions::parse(text);
-    const Json object = steps_as_json(trace(resource, call.translators(), *node, text, *document), "", resource.name);
+    const Json object = steps_as_json(trace(resource, call.translators(), node, text, *document), "", resource.name);
     const RecordType &type = *record_type(resource.name);
-    Node after = *node;
+    Node after = node;
     set(object, "before", image_as_json(Image(after.record(), type)));
     from_json(call.translators().from, after, text);
     set(object, "after", image_as_json(Image(after.record(), type)));

@@ -11,6 +11,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <variant>
 
 namespace kelmora_host {
 
@@ -62,7 +63,8 @@ private:
     Answer docs(const Call &call) const;
     Answer asset(const Call &call) const;
 
-    [[nodiscard]] std::optional<Node> target_of(const Call &call) const;
+    /// The node that a document to check would go into, or why there is none.
+    [[nodiscard]] std::variant<Node, Answer> target_of(const Call &call) const;
     [[nodiscard]] std::string tag(std::uint64_t version) const;
 
     State &state_;

@@ -18,7 +18,8 @@ constexpr Parameter dry_run{"dryRun", "Nothing is stored", booleans};
 constexpr std::array put_parameters{validate, dry_run};
 constexpr std::array post_parameters{Parameter{"id", "Of the new record: 1 to 128 bytes", {}, true}, validate, dry_run};
 constexpr std::array target_parameters{
-    Parameter{"id", "Of the record that the document would go into; the first one by default", {}}};
+    Parameter{"id", "Of the record that the document would go into; the first one by default", {}},
+    Parameter{"new", "The document would make a record: of that id, where one is given", booleans}};
 
 constexpr std::array ok{200};
 constexpr std::array no_content{204};

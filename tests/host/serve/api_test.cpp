@@ -363,6 +363,29 @@ TEST_F(ApiTest, TracesWhatARejectedDocumentLeavesBehind)
                                    HasSubstr(R"("global_download": 5, "global_upload": 2, "id": "0"})")));
 }
 
+TEST_F(ApiTest, ChecksAndTracesADocumentForANewRecord)
+{
+    EXPECT_EQ(status("PUT", "/api/v1/gateway/qos/0", good), 200);
+    const std::string kept = record();
+    EXPECT_THAT(ask("POST", "/api/v1/check/qos?new=true&id=c%2Fd", lossy).body, HasSubstr(R"("result": "lossy")"));
+    for (const char *id : {"c%2Fd", "0"}) { // also one that is there: the record is blank all the same
+        const Answer answer = ask("POST", std::string("/api/v1/trace/qos?new=true&id=") + id, rejected);
+        EXPECT_EQ(answer.status, 200) << id;
+        const Json json(parsed(answer.body));
+        const json_t *blocks = json_object_get(json_object_get(json.get(), "before"), "blocks");
+        const std::string bytes = json_string_value(json_object_get(json_array_get(blocks, 0), "bytes"));
+        EXPECT_EQ(bytes, std::string(bytes.size(), '0')) << id;
+        EXPECT_STREQ(json_string_value(json_object_get(json_object_get(json.get(), "record"), "id")),
+                     id == std::string("0") ? "0" : "c/d");
+    }
+    EXPECT_THAT(ask("POST", "/api/v1/trace/qos?new=true", good).body, HasSubstr(R"("id": "")"));
+    EXPECT_EQ(status("POST", "/api/v1/check/qos?new=false&id=c", good), 404);
+    EXPECT_EQ(status("POST", "/api/v1/check/qos?new=1", good), 400);
+    EXPECT_EQ(status("POST", "/api/v1/check/qos?new=true&id=", good), 400);
+    EXPECT_EQ(status("POST", "/api/v1/trace/qos?new=true&id=" + std::string(129, 'x'), good), 400);
+    EXPECT_EQ(record(), kept);
+}
+
 TEST_F(ApiTest, TracesNothingInWhatIsNoDocument)
 {
     EXPECT_THAT(
