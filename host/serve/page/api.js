@@ -1,4 +1,5 @@
-// What the server is asked. Contracts and lists do not change while it runs, so each is asked for once.
+// What the server is asked. Contracts and lists do not change while it runs, so each is asked for once, but for how many
+// records there are.
 
 const once = new Map();
 
@@ -13,10 +14,15 @@ export class Refusal extends Error {
 
 const part = encodeURIComponent;
 
-/** The path of a resource's records, or of one of them. */
-export function recordPath(name, id) {
+function recordPath(name, id) {
   return `/api/v1/gateway/${part(name)}${id === undefined ? "" : `/${part(id)}`}`;
 }
+
+/** The request that has a record take a document: {method, path}. */
+export const writing = (name, id, validate) => ({ method: "PUT", path: `${recordPath(name, id)}?validate=${validate}` });
+
+/** The request that makes a record out of a document. */
+export const making = (name, id, validate) => ({ method: "POST", path: `${recordPath(name)}?id=${part(id)}&validate=${validate}` });
 
 async function ask(path, options = {}) {
   const answer = await fetch(path, options);
@@ -43,8 +49,10 @@ function askOnce(path) {
 const document_ = (body, signal) =>
   ({ method: "POST", body, signal, headers: { "Content-Type": "application/json" } });
 
-/** All resources; how many records each has may be out of date. */
-export const resources = () => askOnce("/api/v1/resources");
+const RESOURCES = "/api/v1/resources";
+
+/** All resources; how many records each has is as this page left it. */
+export const resources = () => askOnce(RESOURCES);
 
 /** All keys of all resources. */
 export const keys = () => askOnce("/api/v1/keys");
@@ -62,21 +70,38 @@ export async function records(name, id) {
   return { bytes, text: new TextDecoder().decode(bytes), etag: answer.headers.get("ETag") };
 }
 
-/** What becomes of a document, and in what words. */
-export const check = async (name, id, text, signal) =>
-  (await ask(`/api/v1/check/${part(name)}?id=${part(id)}`, document_(text, signal))).json();
+/** What becomes of a document, and in what words. target: {id} of the record that it is for, {new: true, id} of a new one. */
+export const check = async (name, target, text, signal) =>
+  (await ask(`/api/v1/check/${part(name)}?${new URLSearchParams(target)}`, document_(text, signal))).json();
 
 /** What the plug-in does with a document: as text, since numbers in it may be larger than a script's. */
-export const trace = async (name, id, text, signal) =>
-  (await ask(`/api/v1/trace/${part(name)}?id=${part(id)}`, document_(text, signal))).text();
+export const trace = async (name, target, text, signal) =>
+  (await ask(`/api/v1/trace/${part(name)}?${new URLSearchParams(target)}`, document_(text, signal))).text();
+
+const ifMatch = (match) => (match ? { "If-Match": match } : {});
 
 /** Has the gateway take a document. match: the ETag that the record must still have, or nothing. */
 export async function write(name, id, text, validate, match) {
-  const headers = { "Content-Type": "application/json" };
-  if (match)
-    headers["If-Match"] = match;
-  return (await ask(`${recordPath(name, id)}?validate=${validate}`, { method: "PUT", body: text, headers })).json();
+  const { method, path } = writing(name, id, validate);
+  return (await ask(path, { method, body: text, headers: { "Content-Type": "application/json", ...ifMatch(match) } })).json();
+}
+
+/** Has the gateway make a record out of a document. */
+export async function make(name, id, text, validate) {
+  const { method, path } = making(name, id, validate);
+  const answer = await ask(path, { method, body: text, headers: { "Content-Type": "application/json" } });
+  once.delete(RESOURCES);
+  return answer.json();
+}
+
+/** Deletes a record. match: as of write(). */
+export async function remove(name, id, match) {
+  await ask(recordPath(name, id), { method: "DELETE", headers: ifMatch(match) });
+  once.delete(RESOURCES);
 }
 
 /** Brings the beginning back. */
-export const reset = () => ask("/api/v1/state:reset", { method: "POST" });
+export async function reset() {
+  await ask("/api/v1/state:reset", { method: "POST" });
+  once.delete(RESOURCES);
+}

@@ -51,7 +51,8 @@ async function drawSide(name) {
   }
 }
 
-async function show() {
+// focus: what finds the element to be in focus then, if it is to be another one than the view's own.
+async function show(focus) {
   const number = ++shown;
   const route = routeOf(location.hash);
   const box = h("div", { class: `view ${route.view}` });
@@ -79,7 +80,8 @@ async function show() {
       if (number === shown)
         replace(box, route);
       view = await VIEWS[route.view][1](box, route.name, route.values,
-        (values) => { location.hash = hashOf(route.name, route.view, values); });
+        (values) => { location.hash = hashOf(route.name, route.view, values); },
+        (key, values, focus) => become(route.name, key, values, focus));
     }
   } catch (error) {
     const text = error instanceof api.Refusal ? error.message : "The server does not answer.";
@@ -95,7 +97,15 @@ async function show() {
     replace(box, route);
   current = view;
   (typeof view === "function" ? view : view?.start)?.();
+  if (focus)
+    main.querySelector(focus)?.focus();
   main.dataset.shown = location.hash;
+}
+
+// In the place of what is shown, which Back then does not lead to.
+function become(name, view, values, focus) {
+  history.replaceState(null, "", hashOf(name, view, values));
+  return show(focus);
 }
 
 function replace(box, route) {
@@ -169,5 +179,5 @@ confirm.addEventListener("close", async () => {
   }
 });
 
-addEventListener("hashchange", show);
+addEventListener("hashchange", () => show());
 show();

@@ -1,6 +1,5 @@
 // The request that the page would send, for a shell or a program.
 
-import { recordPath } from "./api.js";
 import { parse } from "./json.js";
 
 const shell = (text) => `'${text.replaceAll("'", "'\\''")}'`;
@@ -25,8 +24,8 @@ function literal(text) {
 
 const typeName = (name) => `${name.split("_").map((part) => part.charAt(0).toUpperCase() + part.slice(1)).join("")}Input`;
 
-const request = (url, body) => `const answer = await fetch(${JSON.stringify(url)}, {
-  method: "PUT",
+const request = (method, url, body) => `const answer = await fetch(${JSON.stringify(url)}, {
+  method: "${method}",
   headers: { "Content-Type": "application/json" },
   body: ${body},
 });
@@ -34,16 +33,15 @@ if (!answer.ok)
   throw new Error((await answer.json()).title);
 `;
 
-/** The request as a command: "curl", or as a program: "fetch", "TypeScript". */
-export function snippet(kind, origin, name, id, validate, text) {
-  const url = `${origin}${recordPath(name, id)}?validate=${validate}`;
+/** A request with a resource's document as a command: "curl", or as a program: "fetch", "TypeScript". */
+export function snippet(kind, method, url, name, text) {
   if (kind === "curl")
-    return `curl -X PUT ${shell(url)} \\\n  -H 'Content-Type: application/json' \\\n  --data-raw ${shell(text)}\n`;
+    return `curl -X ${method} ${shell(url)} \\\n  -H 'Content-Type: application/json' \\\n  --data-raw ${shell(text)}\n`;
   const { value, whole } = literal(text);
   if (kind === "fetch")
-    return request(url, whole ? `JSON.stringify(${value.replaceAll("\n", "\n  ")})` : value);
+    return request(method, url, whole ? `JSON.stringify(${value.replaceAll("\n", "\n  ")})` : value);
   const type = typeName(name);
   return whole ?
-    `import type { ${type} } from "./kelmora";\n\nconst document: ${type} = ${value};\n\n${request(url, "JSON.stringify(document)")}` :
-    `// A script's numbers and objects cannot hold this document exactly, so it is sent as a string.\nconst document: string = ${value};\n\n${request(url, "document")}`;
+    `import type { ${type} } from "./kelmora";\n\nconst document: ${type} = ${value};\n\n${request(method, url, "JSON.stringify(document)")}` :
+    `// A script's numbers and objects cannot hold this document exactly, so it is sent as a string.\nconst document: string = ${value};\n\n${request(method, url, "document")}`;
 }

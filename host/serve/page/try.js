@@ -3,9 +3,10 @@
 import { h, put, say, counted, roving, startRoving } from "./dom.js";
 import { parse, linesOf, same, pretty, lastOf } from "./json.js";
 import { Editor, defaultOf } from "./editor.js";
-import { lineParts, recordOf } from "./look.js";
+import { lineParts, recordOf, newRecord } from "./look.js";
 import { RecordMap, fullName, reveal } from "./record.js";
 import { Ties, together } from "./links.js";
+import { suggestedId, faultOfId } from "./ids.js";
 import { snippet } from "./snippets.js";
 import { secretsOf, COVER, onSecrets } from "./secrets.js";
 import * as api from "./api.js";
@@ -82,6 +83,23 @@ function part(document, pointer) {
   return value && value.type !== "null" ? parse(document.text.slice(value.start, value.end)) : null;
 }
 
+const draftOf = (name, id) => `${name} ${id}`;
+
+const button = (text, act, kind = "") => h("button", { type: "button", class: kind, onclick: act }, text);
+
+function lossOf(answer) {
+  const lost = (answer.findings ?? []).filter((finding) => finding.severity !== "note").length;
+  return answer.result === "lossy" && lost ? `, with ${counted(lost, "finding")}` : "";
+}
+
+function whyNot(what, error) {
+  if (!(error instanceof api.Refusal))
+    return "The server does not answer.";
+  const { title, detail, errors } = error.problem;
+  const why = (errors ?? []).filter((each) => !each.later).map((each) => `${each.field ? `${each.field}: ` : ""}${each.message}`).join("; ");
+  return `${what} ${why || detail || title || `Status ${error.status}`}`;
+}
+
 class Trial {
   constructor(name, id, contract, resource) {
     Object.assign(this, { name, id, contract, resource });
@@ -96,15 +114,33 @@ class Trial {
 
   async load(ids) {
     this.ids = ids;
-    const shown = this.resource.directions !== "write-only" ? await api.records(this.name, this.id) : null;
+    const shown = this.id !== undefined && this.resource.directions !== "write-only" ? await api.records(this.name, this.id) : null;
     this.etag = shown?.etag ?? null;
     this.before = shown ? recordOf(parse(shown.text)) : null;
-    this.draft = `${this.name} ${this.id}`;
-    this.text = drafts.get(this.draft) ?? firstDocument(this.contract, this.before, this.ties);
+    this.model = this.before;
+    this.text = drafts.get(this.draft) ?? firstDocument(this.contract, this.model, this.ties);
   }
 
+  get draft() { return draftOf(this.name, this.id); }
+
+  /** What the document is checked for. */
+  get target() { return { id: this.id }; }
+
+  /** The request that sends it. */
+  get request() { return api.writing(this.name, this.id, this.validate.value); }
+
+  /** What chooses the record, and what sends the document. */
+  tools(go) {
+    return [
+      h("label", {}, "Record ", h("select", { id: "record", disabled: this.ids.length < 2, onchange: (event) => go({ id: event.target.value }) },
+        this.ids.map((each) => h("option", { value: each, selected: each === this.id }, each)))),
+      button("Write to the gateway", () => this.send(), "primary"),
+    ];
+  }
+
+  start() { this.editor.refresh(); }
+
   build(main, go) {
-    const button = (text, act, kind = "") => h("button", { type: "button", class: kind, onclick: act }, text);
     this.validate = h("select", { id: "validate" }, Object.entries(VALIDATE).map(([key, text]) => h("option", { value: key }, text)));
     this.status = h("p", { class: "status", role: "status" });
     this.findings = h("ul", { class: "findings", "aria-label": "Findings" });
@@ -119,9 +155,7 @@ class Trial {
 
     put(main, 
       h("div", { class: "tools" },
-        h("label", {}, "Record ", h("select", { id: "record", disabled: this.ids.length < 2, onchange: (event) => go({ id: event.target.value }) },
-          this.ids.map((each) => h("option", { value: each, selected: each === this.id }, each)))),
-        button("Write to the gateway", () => this.write(), "primary"),
+        this.tools(go),
         h("label", {}, "On loss ", this.validate),
         h("span", { class: "spring" }),
         h("span", { class: "choice", role: "group", "aria-label": "Copy the request as" }, h("span", { class: "faint" }, "Copy as "),
@@ -139,7 +173,7 @@ class Trial {
       text: this.text, contract: this.contract, secrets: this.secrets,
       changed: (text) => { drafts.set(this.draft, text); this.changed(); },
       pointed: (kind, value) => this.point(kind, value && { sent: value.pointer }, "sent"),
-      submit: () => this.write(),
+      submit: () => this.send(),
     });
     this.editor.record = this.before;
 
@@ -194,7 +228,7 @@ class Trial {
     const { signal } = this.running;
     const { text } = this.editor;
     try {
-      const answer = await api.check(this.name, this.id, text, signal);
+      const answer = await api.check(this.name, this.target, text, signal);
       if (number !== this.asked)
         return;
       this.answer = answer;
@@ -221,7 +255,7 @@ class Trial {
     try {
       if (this.answer.errors.some((error) => error.detail)) // it is no document: there are no steps
         throw new api.Refusal(422, {});
-      const answer = parse(await api.trace(this.name, this.id, text, signal));
+      const answer = parse(await api.trace(this.name, this.target, text, signal));
       if (number !== this.asked)
         return;
       this.traced = JSON.parse(answer.text);
@@ -391,21 +425,14 @@ class Trial {
     this.map.light(found.ranges, scroll && this.from !== "bytes");
   }
 
-  async write() {
+  async send() {
     const { text } = this.editor;
     try {
       const answer = await api.write(this.name, this.id, text, this.validate.value, this.etag);
-      const lost = (answer.findings ?? []).filter((finding) => finding.severity !== "note").length;
-      say(`Written to ${this.name} ${this.id}${answer.result === "lossy" && lost ? `, with ${counted(lost, "finding")}` : ""}.`, "good");
+      say(`Written to ${this.name} ${this.id}${lossOf(answer)}.`, "good");
     } catch (error) {
-      if (!(error instanceof api.Refusal)) {
-        say("The server does not answer.", "bad");
-        return;
-      }
-      const { title, errors } = error.problem;
-      const what = (errors ?? []).filter((each) => !each.later).map((each) => `${each.field ? `${each.field}: ` : ""}${each.message}`).join("; ");
       say(error.status === 412 ? "The record changed since this page read it. It has been read again: look, then write once more." :
-        `Not written. ${what || error.problem.detail || title || `Status ${error.status}`}`, "bad");
+        whyNot("Not written.", error), "bad");
       if (error.status !== 412)
         return;
     }
@@ -424,14 +451,90 @@ class Trial {
   }
 
   restart() {
-    this.editor.text = firstDocument(this.contract, this.before, this.ties);
+    this.editor.text = firstDocument(this.contract, this.model, this.ties);
     drafts.delete(this.draft);
     this.editor.focus();
   }
 
   async copy(kind) {
-    await navigator.clipboard.writeText(snippet(kind, location.origin, this.name, this.id, this.validate.value, this.editor.text));
+    const { method, path } = this.request;
+    await navigator.clipboard.writeText(snippet(kind, method, location.origin + path, this.name, this.editor.text));
     say(`Copied as ${kind}.`, "good");
+  }
+}
+
+/** A document for a record that is not there yet. id: of the one that it begins like; none if there is none. */
+class NewTrial extends Trial {
+  async load(ids) {
+    await super.load(ids);
+    this.before = null;
+  }
+
+  get draft() { return draftOf(this.name, ""); }
+
+  get target() {
+    const id = this.field.value;
+    return faultOfId(id, []) ? { new: true } : { new: true, id };
+  }
+
+  get request() { return api.making(this.name, this.field.value, this.validate.value); }
+
+  tools() {
+    this.fault = h("span", { id: "new-id-fault", class: "fault", role: "status" });
+    this.field = h("input", { id: "new-id", size: 16, value: suggestedId(this.ids), "aria-describedby": "new-id-fault", autocomplete: "off",
+      spellcheck: "false", oninput: () => this.renamed(), onkeydown: (event) => event.key === "Enter" && this.send() });
+    return [
+      h("label", {}, "New record\u2019s id ", this.field),
+      button("Create", () => this.send(), "primary"),
+      h("a", { class: "button", href: `#/${this.name}/look` }, "Cancel"), this.fault,
+    ];
+  }
+
+  start() {
+    super.start();
+    this.field.focus();
+    this.field.select();
+  }
+
+  renamed() {
+    const id = this.field.value;
+    this.complain(id && faultOfId(id, this.ids)); // an empty one is about to be typed
+    this.changed();
+  }
+
+  complain(text) {
+    this.fault.textContent = text;
+    this.field.setAttribute("aria-invalid", String(text !== ""));
+  }
+
+  async send() {
+    const id = this.field.value;
+    const fault = faultOfId(id, this.ids);
+    this.complain(fault);
+    if (fault) {
+      this.field.focus();
+      return;
+    }
+    if (this.sending) // the Enter key repeats
+      return;
+    this.sending = true;
+    try {
+      const answer = await api.make(this.name, id, this.editor.text, this.validate.value);
+      say(`Created ${this.name} ${id}${lossOf(answer)}.`, "good");
+    } catch (error) {
+      if (error.status === 409) {
+        this.complain(faultOfId(id, [id]));
+        this.field.focus();
+      } else {
+        say(whyNot("Not created.", error), "bad");
+      }
+      return;
+    } finally {
+      this.sending = false;
+    }
+    drafts.delete(this.draft);
+    drafts.delete(draftOf(this.name, id));
+    await this.become("look", { id }, ".record h2");
   }
 }
 
@@ -448,23 +551,24 @@ const hexOf = (hex) => {
   return length < bytes.length || length > 8 ? `${shown} \u2026` : shown;
 };
 
-/** The view. id: the record that the document goes into; without it the first one. */
-export async function tryOut(main, name, { id }, go) {
+/** The view. id: the record that the document goes into or, where it makes a new one, begins like; without it the first one. */
+export async function tryOut(main, name, { id, new: makes }, go, become) {
   const [contract, all] = await Promise.all([api.contract(name), api.resources()]);
   const resource = all.find((each) => each.resource === name);
   if (!contract.input) {
     put(main, h("p", { class: "lead" }, resource.directions === "read-only" ?
-      "It is read-only: whatever is sent is accepted, and nothing of it is stored. " : "It moves a block of 8 raw bytes, which is no JSON. ",
+      "It is read-only: whatever is sent is accepted, and nothing of it is stored; no record can be made. " : "It moves a block of 8 raw bytes, which is no JSON. ",
     resource.directions !== "write-only" ? h("a", { href: `#/${name}/look` }, "Look at it") : null));
     return null;
   }
   const ids = await api.ids(name);
-  if (ids.length === 0) {
-    put(main, h("p", { class: "lead" }, "There is no record that a document could go into."));
+  if (ids.length === 0 && !makes) {
+    put(main, h("p", { class: "lead" }, "There is no record that a document could go into."), newRecord(name, resource, contract));
     return null;
   }
-  const trial = new Trial(name, ids.includes(id) ? id : ids[0], contract, resource);
+  const trial = new (makes ? NewTrial : Trial)(name, ids.includes(id) ? id : ids[0], contract, resource);
+  trial.become = become;
   await trial.load(ids);
   trial.build(main, go);
-  return { end: () => trial.end(), start: () => trial.editor.refresh() };
+  return { end: () => trial.end(), start: () => trial.start() };
 }
