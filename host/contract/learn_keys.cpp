@@ -17,6 +17,7 @@ class KeyFinder {
 public:
     explicit KeyFinder(const InputSubject &subject) : subject_(subject) {}
 
+    /// The keys, which the finder then has no more.
     FoundKeys find()
     {
         settle({});
@@ -26,9 +27,7 @@ public:
             for (const Given &value : values_of(keys_.at(path))) {
                 Answers home = keys_.at(path).home;
                 home[path] = value;
-                const Probe probe = ask(home);
-                if (!std::ranges::all_of(probe.looked,
-                                         [this](const std::string &each) { return keys_.all.contains(each); }))
+                if (!first_unknown(ask(home)).empty())
                     settle(home);
             }
         }

@@ -63,6 +63,7 @@ struct Learned {
 std::vector<std::string> paths(const std::vector<KeyField> &fields)
 {
     std::vector<std::string> all;
+    all.reserve(fields.size());
     for (const KeyField &field : fields)
         all.push_back(field.path);
     return all;

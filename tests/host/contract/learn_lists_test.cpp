@@ -6,14 +6,12 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace kelmora_host::learn_lists_test {
 
 namespace {
 
-using ::testing::ElementsAre;
 using Limits = kelmora_limits;
 using Limit = kelmora_limits_wifi_limit;
 using Detection = kelmora_loop_back_detect;
