@@ -37,6 +37,9 @@ public:
     /// Whether both consist of the same blocks.
     [[nodiscard]] bool same_shape(const Image &other) const;
 
+    /// Whether both consist of the same blocks with the same bytes.
+    [[nodiscard]] bool same(const Image &other) const { return same_shape(other) && bytes_ == other.bytes_; }
+
     /// The block's place in the record: "", "leases[2]", "neighbors[0].neighbors[1]", "body".
     [[nodiscard]] std::string path(const Block &block) const;
 

@@ -1,6 +1,7 @@
 #include "host/contract/learn_probe.h"
 
 #include "host/contract/pointer.h"
+#include "host/gateway/blank.h"
 #include "host/json.h"
 #include "host/plugin/observer.h"
 #include "host/plugin/translate.h"
@@ -147,6 +148,12 @@ private:
 
 } // namespace
 
+Given given_integer(std::int64_t value) { return {.kind = Given::Kind::integer, .integer = value}; }
+
+Given given_string(std::string value) { return {.kind = Given::Kind::string, .string = std::move(value)}; }
+
+Given given_array(std::size_t size) { return {.kind = Given::Kind::array, .size = size}; }
+
 bool Probe::has_looked(std::string_view path) const { return std::ranges::find(looked, path) != looked.end(); }
 
 Prober::Prober(const Resource &resource, const Registration &translators)
@@ -167,6 +174,12 @@ Probe Prober::probe(const Answers &answers, const Record &record, bool with_imag
     if (with_image)
         probe.image.emplace(node.record(), *type_);
     return probe;
+}
+
+InputSubject::InputSubject(const Resource &resource, const Registration &translators)
+    : type(*record_type(resource.name)), prober(resource, translators), blank(blank_record(resource)),
+      poisoned(poisoned_record(resource))
+{
 }
 
 } // namespace kelmora_host

@@ -32,6 +32,12 @@ struct Given {
     bool operator==(const Given &) const = default;
 };
 
+[[nodiscard]] Given given_integer(std::int64_t value);
+[[nodiscard]] Given given_string(std::string value);
+
+/// size: the number of elements, which are null where no answer says otherwise.
+[[nodiscard]] Given given_array(std::size_t size);
+
 /// What the plug-in gets, by the key's path: "/lan_list/*/lan_id" is every element's, "/lan_list/1/lan_id" goes before.
 using Answers = std::map<std::string, Given, std::less<>>;
 
@@ -73,6 +79,18 @@ public:
 private:
     const RecordType *type_;
     const Registration &translators_;
+};
+
+/// A resource's from-translator, and the two records that it is asked with when what it takes is learned. Where it does
+/// another thing with each, the record decides; a field that is stored differs from one of them.
+struct InputSubject {
+    /// The resource must take JSON. The translators must live as long.
+    InputSubject(const Resource &resource, const Registration &translators);
+
+    const RecordType &type;
+    Prober prober;
+    Record blank;    ///< all zeros
+    Record poisoned; ///< all poisoned_byte
 };
 
 } // namespace kelmora_host

@@ -27,4 +27,13 @@ std::vector<std::string> tokens_of(std::string_view pointer)
 
 std::string_view last_token(std::string_view pointer) { return pointer.substr(pointer.rfind('/') + 1); }
 
+std::string parent_of(std::string_view pointer) { return std::string(pointer.substr(0, pointer.rfind('/'))); }
+
+bool is_element(std::string_view pointer) { return pointer.ends_with("/*"); }
+
+bool is_within(std::string_view pointer, std::string_view ancestor)
+{
+    return pointer.size() > ancestor.size() && pointer.starts_with(ancestor) && pointer[ancestor.size()] == '/';
+}
+
 } // namespace kelmora_host

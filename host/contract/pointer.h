@@ -18,6 +18,15 @@ namespace kelmora_host {
 /// What stands behind the last slash, as it stands there.
 [[nodiscard]] std::string_view last_token(std::string_view pointer);
 
+/// What stands before the last slash: the object or list that a key or an element is in.
+[[nodiscard]] std::string parent_of(std::string_view pointer);
+
+/// Whether it is any element of a list: "/lan_list/*".
+[[nodiscard]] bool is_element(std::string_view pointer);
+
+/// Whether it leads to something in the ancestor, however deep: not to the ancestor itself.
+[[nodiscard]] bool is_within(std::string_view pointer, std::string_view ancestor);
+
 } // namespace kelmora_host
 
 #endif

@@ -41,6 +41,6 @@ Record make(const Resource &resource, unsigned char byte)
 
 Record blank_record(const Resource &resource) { return make(resource, 0); }
 
-Record poisoned_record(const Resource &resource) { return make(resource, 0xA5); }
+Record poisoned_record(const Resource &resource) { return make(resource, poisoned_byte); }
 
 } // namespace kelmora_host

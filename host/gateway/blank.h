@@ -6,10 +6,12 @@
 
 namespace kelmora_host {
 
+constexpr unsigned char poisoned_byte = 0xA5;
+
 /// A new record of the resource's type: all zeros, its chains empty.
 Record blank_record(const Resource &resource);
 
-/// The same with every byte poison (0xA5), but for its empty chains and texts.
+/// The same with every byte poisoned_byte, but for its empty chains and texts.
 Record poisoned_record(const Resource &resource);
 
 } // namespace kelmora_host

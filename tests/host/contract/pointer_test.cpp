@@ -25,6 +25,27 @@ TEST(TokensOf, AreUnescaped)
     EXPECT_THAT(tokens_of("/"), ElementsAre(""));
 }
 
+TEST(ParentOf, IsWhatAKeyOrAnElementIsIn)
+{
+    EXPECT_EQ(parent_of("/lan_list/*/lan_id"), "/lan_list/*");
+    EXPECT_EQ(parent_of("/lan_list"), "");
+}
+
+TEST(IsElement, IsSoOfTheElementAndNotOfItsMembers)
+{
+    EXPECT_TRUE(is_element("/lan_list/*"));
+    EXPECT_FALSE(is_element("/lan_list/*/lan_id"));
+    EXPECT_FALSE(is_element("/lan_list"));
+}
+
+TEST(IsWithin, IsSoOfWhatIsDeeperAlone)
+{
+    EXPECT_TRUE(is_within("/lan_list/*/lan_id", "/lan_list"));
+    EXPECT_FALSE(is_within("/lan_list", "/lan_list"));
+    EXPECT_FALSE(is_within("/lan_list_2/*", "/lan_list"));
+    EXPECT_FALSE(is_within("/lan", "/lan_list"));
+}
+
 } // namespace
 
 } // namespace kelmora_host::pointer_test
