@@ -88,7 +88,7 @@ packages: ## Debian packages for this machine and archives for the target, in bu
 	@sh scripts/make_packages.sh
 
 lint: ## clang-format, clang-tidy and shellcheck find nothing
-	$(call needs,host test lint)
+	$(call needs,host test sanitize bench lint)
 	@sh scripts/lint.sh
 
 format: ## clang-format all sources in place
