@@ -14,7 +14,7 @@ namespace kelmora_harness {
 
 namespace {
 
-constexpr std::size_t promised_size = kelmora_host::OutputBuffer::initial_size;
+constexpr std::size_t buffer_size = kelmora_host::OutputBuffer::initial_size;
 
 /// What a call left.
 struct Written {
@@ -26,16 +26,16 @@ struct Written {
 
 Written write(kelmora_to_translator to, kelmora_resource *head)
 {
-    auto *const buffer = static_cast<char *>(std::malloc(promised_size));
+    auto *const buffer = static_cast<char *>(std::malloc(buffer_size));
     if (buffer == nullptr)
         std::abort();
-    std::memset(buffer, guard_byte, promised_size);
+    std::memset(buffer, guard_byte, buffer_size);
     char *out = buffer;
     Written written{to(head, &out), "", malloc_usable_size(out), true};
     written.text.assign(out, strnlen(out, written.capacity));
-    if (written.text.size() < promised_size) {
+    if (written.text.size() < buffer_size) {
         written.harmless = out == buffer;
-        for (std::size_t i = written.text.size() + 1; i < promised_size; ++i)
+        for (std::size_t i = written.text.size() + 1; i < buffer_size; ++i)
             written.harmless = written.harmless && out[i] == static_cast<char>(guard_byte);
     }
     std::free(out);

@@ -68,7 +68,7 @@ def main():
             bundle = f"{folder}/{kind}_{len(database)}.cpp"
             with open(bundle, "w", encoding="utf-8") as file:
                 file.writelines(f'#include "{os.path.abspath(name)}"\n' for name in names[begin : begin + IN_BUNDLE])
-            add(kind, bundle, directory, arguments)
+            add(kind, bundle, directory, [*alike, *sorted(definitions)])
 
     with open(f"{folder}/compile_commands.json", "w", encoding="utf-8") as file:
         json.dump(database, file)

@@ -19,7 +19,7 @@ template <class T> constexpr std::size_t count_of(FieldKind kind)
 }
 
 // One variable for each struct and union. They refer to each other, so all are declared first.
-namespace types {
+namespace record_types {
 
 #define RECORD(name, meaning) extern const RecordType name;
 #define UNION(owner, member) extern const RecordType owner##_##member;
@@ -46,7 +46,7 @@ namespace types {
             {#name, type, FieldKind::kind, offsetof(Self, name), sizeof(Self::name), \
              count_of<decltype(Self::name)>(FieldKind::kind), record, meaning},
 #define FIELD(name, kind, type, meaning) ROW(name, kind, nullptr, type, meaning)
-#define LINK(name, kind, record, type, meaning) ROW(name, kind, &types::record, type, meaning)
+#define LINK(name, kind, record, type, meaning) ROW(name, kind, &record_types::record, type, meaning)
 #define END(name) \
         }; \
     }; \
@@ -62,7 +62,7 @@ namespace types {
 #undef LINK
 #undef END
 
-} // namespace types
+} // namespace record_types
 
 /// The one field that holds all of these bytes, or NULL when there is none, or more than one as in a union.
 const Field *holder(const RecordType &type, std::size_t offset, std::size_t size)
@@ -95,7 +95,7 @@ const Field *RecordType::find(std::string_view field) const
 
 const RecordType *record_type(std::string_view resource)
 {
-#define ROW(number, name, group, directions) &types::kelmora_##name,
+#define ROW(number, name, group, directions) &record_types::kelmora_##name,
     static constexpr std::array<const RecordType *, KELMORA_RESOURCE_COUNT> table{KELMORA_RESOURCES(ROW)};
 #undef ROW
     const Resource *found = find_resource(resource);

@@ -6,6 +6,7 @@
 #include "host/gateway/blank.h"
 #include "host/gateway/gateway.h"
 #include "host/gateway/resources.h"
+#include "tests/robustness/resources.h"
 
 #include "records/diagnostics.h"
 #include "records/qos.h"
@@ -15,13 +16,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace kelmora_host {
-
-/// How a test that goes through the resources names one in its messages.
-inline void PrintTo(const Resource &resource, std::ostream *out) { *out << resource.name; }
-
-} // namespace kelmora_host
 
 namespace kelmora_test::same_texts_test {
 
