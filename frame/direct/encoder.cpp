@@ -8,82 +8,94 @@
 
 namespace kelmora {
 
-Container::Container(Container &around, const char *key, char front) : text_(around.text_)
+namespace {
+
+/// Writes digits that end here. Returns where they begin.
+char *put_digits(char *end, std::uint32_t value)
 {
-    text_.begin(around.open_, key, 0);
+    do {
+        *--end = static_cast<char>('0' + value % 10);
+        value /= 10;
+    } while (value != 0);
+    return end;
+}
+
+} // namespace
+
+Container::Container(Container &around, char front, const char *name, std::size_t length) : text_(around.text_)
+{
+    text_.begin(around.open_, name, length, 0);
     open_ = text_.open(front, &around.open_);
 }
 
 void Container::close() { text_.close(open_); }
 
-void Container::write(const char *key, const char *value, std::size_t size)
+void Container::write(const char *name, std::size_t length, const char *value, std::size_t size)
 {
-    if (char *to = text_.begin(open_, key, size); to != nullptr)
+    if (char *to = text_.begin(open_, name, length, size); to != nullptr)
         copy(to, value, size);
 }
 
-void Container::string(const char *key, const char *string, std::size_t length)
+void Container::field(const char *name, std::size_t lengths, const char *field)
 {
-    const Escapes escapes = text_.escapes();
-    const std::size_t plain = length_without_escapes(string, length, escapes);
-    const char *const rest = string + plain;
-    std::size_t rest_length = 0;
-    std::size_t escaped = 0;
-    if (plain != length && *rest != '\0') {
-        rest_length = field_length(rest, length - plain);
-        escaped = escape(nullptr, rest, rest_length, escapes);
-        if (escaped == 0)
-            return;
+    const std::size_t length = lengths & ((1U << name_bits) - 1);
+    const std::size_t width = lengths >> name_bits;
+    const std::size_t plain = length_without_escapes(field, width, text_.escapes());
+    if (plain != width && field[plain] != '\0') {
+        string(name, length, field, width);
+    } else if (char *to = text_.begin(open_, name, length, 1 + plain + 1); to != nullptr) {
+        *to++ = '"';
+        *copy(to, field, plain) = '"';
     }
-    char *to = text_.begin(open_, key, 1 + plain + escaped + 1);
-    if (to == nullptr)
-        return;
-    *to++ = '"';
-    copy(to, string, plain);
-    if (escaped != 0)
-        escape(to + plain, rest, rest_length, escapes);
-    to[plain + escaped] = '"';
 }
 
-void Container::whole_string(const char *key, const char *string)
+void Container::whole_string(const char *name, std::size_t length, const char *string)
 {
     if (string != nullptr)
-        Container::string(key, string, std::strlen(string));
+        Container::string(name, length, string, std::strlen(string));
 }
 
-void Container::integer(const char *key, std::int32_t value)
+void Container::string(const char *name, std::size_t length, const char *string, std::size_t string_length)
 {
-    const auto bits = static_cast<std::uint32_t>(value);
-    number(key, value < 0 ? 0 - bits : bits, value < 0);
+    // What may turn out not to be UTF-8 is not written before that is known.
+    const bool sure = is_ascii(string, string_length);
+    const Text::Room room = sure ? text_.room(open_, length) : Text::Room{nullptr, 0};
+    const std::size_t size = quote(room.begin, room.size, string, string_length, text_.escapes());
+    char *to = size != 0 ? text_.begin(open_, name, length, size) : nullptr;
+    if (to != nullptr && (to != room.begin || size > room.size))
+        quote(to, size, string, string_length, text_.escapes());
 }
 
-void Container::number(const char *key, std::uint32_t magnitude, bool negative)
+void Container::integer(const char *name, std::size_t length, std::uint32_t value)
+{
+    char digits[10];
+    const char *const first = put_digits(digits + sizeof digits, value);
+    write(name, length, first, static_cast<std::size_t>(digits + sizeof digits - first));
+}
+
+void Container::integer(const char *name, std::size_t length, std::int32_t value)
 {
     char digits[11];
-    char *const end = digits + sizeof digits;
-    char *first = end;
-    do {
-        *--first = static_cast<char>('0' + magnitude % 10);
-        magnitude /= 10;
-    } while (magnitude != 0);
-    if (negative)
+    const auto bits = static_cast<std::uint32_t>(value);
+    char *first = put_digits(digits + sizeof digits, value < 0 ? 0 - bits : bits);
+    if (value < 0)
         *--first = '-';
-    write(key, first, static_cast<std::size_t>(end - first));
+    write(name, length, first, static_cast<std::size_t>(digits + sizeof digits - first));
 }
 
-void Container::boolean(const char *key, std::uint32_t value)
+void Container::boolean(const char *name, std::size_t length, std::uint32_t value)
 {
-    write(key, value != 0 ? "true" : "false", value != 0 ? 4 : 5);
+    write(name, length, value != 0 ? "true" : "false", value != 0 ? 4 : 5);
 }
 
-void Container::real(const char *key, double value)
+void Container::real(const char *name, std::size_t length, double value)
 {
     if (!__builtin_isfinite(value))
         return;
     const Document real(json_real(value));
     char *digits = json_dumps(real.root(), JSON_ENCODE_ANY); // those of the host's jansson
     if (digits != nullptr)
-        write(key, digits, std::strlen(digits));
+        write(name, length, digits, std::strlen(digits));
     else
         text_.fail();
     std::free(digits);

@@ -1,7 +1,6 @@
 #include "frame/direct/text.h"
 
-#include "frame/output.h"
-
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 
@@ -9,14 +8,7 @@ namespace kelmora {
 
 namespace {
 
-void reverse(char *first, char *end)
-{
-    for (; first < end && first < --end; ++first) {
-        const char byte = *first;
-        *first = *end;
-        *end = byte;
-    }
-}
+constexpr std::size_t indent_step = 16;
 
 } // namespace
 
@@ -35,69 +27,18 @@ Text::Text(char **out, bool pretty)
 
 Text::~Text() { std::free(own_); }
 
-/// Remembers a key and the size of what stands before its value as the next member's, and none behind it, or finds the
-/// member that has it.
-bool Text::learn(Open &in, const char *key, std::size_t size)
+[[gnu::always_inline]] inline char *Text::put_line(char *to) const
 {
-    if (in.again != none)
-        put_in_place(in);
-    Layout &layout = *layout_;
-    layout.known = in.members; // so that the key after one that came again comes here too
-    layout.ordered = 0;
-    layout.starts[in.members] = length();
-    for (unsigned char i = 0; out_ == &own_ && depth_ == 1 && i < in.members; ++i) {
-        if (compare(layout.keys[i], key) == 0) {
-            in.again = i;
-            return true;
-        }
+    constexpr std::uint32_t blanks = 0x20202020;
+    *to++ = '\n';
+    for (char *const end = to + indent_; to != end; to += indent_step) {
+        static_assert(indent_step == 4 * sizeof blanks);
+        __builtin_memcpy(to, &blanks, sizeof blanks);
+        __builtin_memcpy(to + 4, &blanks, sizeof blanks);
+        __builtin_memcpy(to + 8, &blanks, sizeof blanks);
+        __builtin_memcpy(to + 12, &blanks, sizeof blanks);
     }
-    if (in.members == most_members) {
-        fail();
-        return false;
-    }
-    layout.keys[in.members] = key;
-    layout.sizes[in.members] = static_cast<unsigned short>(size);
-    layout.known = ++in.members;
-    return true;
-}
-
-/// Has the value behind the last member take the place of the one that its key had before.
-[[gnu::cold]] void Text::put_in_place(Open &in)
-{
-    if (failed_)
-        return;
-    std::size_t *const starts = layout_->starts;
-    char *const value = text_ + starts[in.again] + layout_->sizes[in.again];
-    char *const others = text_ + starts[in.again + 1];
-    char *const fresh = text_ + starts[in.members];
-    const auto size = at_ - fresh;
-    forget_inside(value, at_);
-    reverse(value, at_);
-    reverse(value, value + size);
-    reverse(value + size, value + size + (fresh - others));
-    at_ -= others - value;
-    for (unsigned i = in.again + 1U; i < in.members; ++i)
-        starts[i] += static_cast<std::size_t>(size - (others - value));
-    in.again = none;
-}
-
-/// Forgets what is remembered to be inside the innermost object and this range, whose bytes were moved.
-void Text::forget_inside(const char *begin, const char *end)
-{
-    for (unsigned layout = 1 + (depth_ - 1) * places; layout < layouts; ++layout) {
-        Layout &inside = layouts_[layout];
-        for (unsigned char i = 0; i < inside.known; ++i) {
-            if (text_ + inside.starts[i] >= begin && text_ + inside.starts[i] < end)
-                inside.known = i;
-        }
-    }
-}
-
-char *Text::put_line(char *to) const
-{
-    *to = '\n';
-    std::memset(to + 1, ' ', indent_);
-    return to + 1 + indent_;
+    return to;
 }
 
 char *Text::take(std::size_t size)
@@ -108,84 +49,91 @@ char *Text::take(std::size_t size)
     return at_ - size;
 }
 
-char *Text::begin(Open &in, const char *key, std::size_t size)
+/// Writes what stands between the items before and the next one.
+[[gnu::always_inline]] inline char *Text::put_lead(char *to, char front) const
 {
-    // As a rule it is the same member as in the object before, and the same stands before its value.
-    Layout &layout = *layout_;
-    const unsigned member = in.members;
-    if (key == nullptr || member >= layout.known || layout.keys[member] != key ||
-        static_cast<std::size_t>(end_ - at_) < layout.sizes[member] + size)
-        return begin_new(in, key, size);
-    char *const to = at_;
-    copy(to, text_ + layout.starts[member], layout.sizes[member]);
-    *to = in.front;
-    in.front = ',';
-    ++in.members;
-    layout.starts[member] = length();
-    at_ += layout.sizes[member] + size;
-    return to + layout.sizes[member];
-}
-
-[[gnu::noinline]] char *Text::begin_new(Open &in, const char *key, std::size_t size)
-{
-    const bool first = in.front != ',';
-    const std::size_t key_size = key != nullptr ? std::strlen(key) : 0;
-    const std::size_t before = (pretty_ ? indent_ + 2 : first ? 1 : 2) + (key != nullptr ? key_size + 4 : 0);
-    if (key != nullptr && !learn(in, key, before))
-        return nullptr;
-    if (in.again != none)
-        return take(size);
-    char *to = take(before + size);
-    if (to == nullptr)
-        return nullptr;
-    *to++ = in.front;
-    in.front = ',';
+    *to++ = front;
     if (pretty_)
-        to = put_line(to);
-    else if (!first)
+        return put_line(to);
+    if (front == ',')
         *to++ = ' ';
-    if (key != nullptr) {
-        *to++ = '"';
-        copy(to, key, key_size);
-        copy(to + key_size, "\": ", 3);
-        to += key_size + 3;
-    }
     return to;
 }
 
-/// A plain text may be deeper than there are layouts: what is remembered may then be another object's and of no use,
-/// but nothing needs it. In a pretty one each open object has its own.
+char *Text::begin(Open &in, const char *name, std::size_t name_length, std::size_t size)
+{
+    Order *const order = in.order;
+    const bool bare = in.is_bare();
+    const std::size_t lead = bare ? 0 : lead_size(in.front);
+    const std::size_t whole = lead + name_size(name_length) + size;
+    char *to = at_;
+    if (whole > static_cast<std::size_t>(end_ - to) || (order != nullptr && !order->has(in.members, name)))
+        return begin_new(in, name, name_length, size, whole);
+    at_ = to + whole;
+    if (order != nullptr)
+        order->starts[in.members++] = static_cast<std::size_t>(to - text_) + lead;
+    if (!bare)
+        to = put_lead(to, in.front);
+    in.front = ',';
+    if (name_length == 0)
+        return to;
+    *to++ = '"';
+    to = copy(to, name, name_length);
+    *to++ = '"';
+    *to++ = ':';
+    *to++ = ' ';
+    return to;
+}
+
+/// Makes room, and remembers the name where members are put in order.
+[[gnu::cold]] char *Text::begin_new(Open &in, const char *name, std::size_t name_length, std::size_t size,
+                                    std::size_t whole)
+{
+    if (in.order != nullptr && !in.order->has(in.members, name)) {
+        if (in.members == most_members)
+            arrange(in); // names that came again make place
+        if (in.members == most_members)
+            fail();
+        else
+            in.order->learn(in.members, name);
+    }
+    return reserve(whole) ? begin(in, name, name_length, size) : nullptr;
+}
+
 Text::Open Text::open(char front, const Open *around)
 {
-    Open opened{front, '}', 0, none, layout_};
-    indent_ += pretty_ ? 16 : 0;
-    const unsigned members = around != nullptr ? around->members : 0;
-    if (front == '[') {
-        opened.back = ']';
-        opened.members = static_cast<unsigned char>(members);
-        return opened;
-    }
-    if (depth_ != 0)
-        layout_ = &layouts_[1 + ((depth_ - 1) * places + members % places) % (layouts - 1)];
-    if (layout_->indent != indent_)
-        layout_->known = 0;
-    layout_->indent = indent_;
-    if (++depth_ > most_levels && pretty_)
+    const unsigned char members = around != nullptr ? around->members : 0;
+    indent_ += pretty_ ? indent_step : 0;
+    if (front == '[')
+        return {front, ']', members, nullptr};
+    Open object{front, '}', 0, nullptr};
+    if (!pretty_ && (out_ != &own_ || around != nullptr))
+        return object;
+    if (level_ == most_levels) {
         fail();
-    return opened;
+        return object;
+    }
+    Order &order = orders_[level_++ * places + members % places];
+    object.order = &order;
+    order.begin = length();
+    order.gap = 0;
+    if (!order.is_kept(order.ordered) && !is_smallest()) {
+        // With as much room in front as it will take, as a rule, its members are put in order with one copy.
+        const std::size_t gap = order.size + order.size / 4;
+        order.gap = 2 * gap <= static_cast<std::size_t>(end_ - at_) ? gap : 0;
+        at_ += order.gap;
+    }
+    return object;
 }
 
 void Text::close(Open &value)
 {
-    if (value.again != none)
-        put_in_place(value);
-    if (value.back == '}') {
-        if (pretty_ && !failed_ && value.members > 1)
-            sort(value.members);
-        --depth_;
-        layout_ = value.around;
+    if (value.order != nullptr) {
+        if (!value.order->is_kept(value.members))
+            arrange(value);
+        --level_;
     }
-    indent_ -= pretty_ ? 16 : 0;
+    indent_ -= pretty_ ? indent_step : 0;
     const bool empty = value.front != ',';
     char *to = take(empty ? 2 : pretty_ ? indent_ + 2 : 1);
     if (to == nullptr)
@@ -197,58 +145,109 @@ void Text::close(Open &value)
     *to = value.back;
 }
 
-void Text::sort(unsigned members)
+/// By name, or as they came; of those with one name the last, in the place of the first.
+[[gnu::cold]] void Text::find_order(Order &order, unsigned members) const
 {
-    Layout &layout = *layout_;
-    for (unsigned i = layout.ordered == members ? members : 0; i < members; ++i) {
-        unsigned place = i;
-        for (; place != 0 && compare(layout.keys[layout.order[place - 1]], layout.keys[i]) > 0; --place)
-            layout.order[place] = layout.order[place - 1];
-        layout.order[place] = static_cast<unsigned char>(i);
-        layout.ordered = static_cast<unsigned char>(i + 1);
+    order.kept = 0;
+    for (unsigned char member = 0; member < members; ++member) {
+        unsigned place = order.kept;
+        int difference = 1;
+        for (; place != 0; --place) {
+            difference = compare(order.names[order.order[place - 1]], order.names[member]);
+            if (difference == 0 || (difference < 0 && pretty_))
+                break;
+        }
+        if (difference == 0) {
+            order.order[place - 1] = member;
+            continue;
+        }
+        if (!pretty_)
+            place = order.kept;
+        for (unsigned i = order.kept++; i != place; --i)
+            order.order[i] = order.order[i - 1];
+        order.order[place] = member;
     }
-    layout.known = layout.ordered;
-    layout.starts[members] = length();
-    unsigned first = 0;
-    while (first < members && layout.order[first] == first)
-        ++first;
-    while (members > first && layout.order[members - 1] == members - 1)
-        --members;
-    if (first == members)
+    order.ordered = static_cast<unsigned char>(members);
+    order.first = 0;
+    while (order.first != order.kept && order.order[order.first] == order.first)
+        ++order.first;
+}
+
+void Text::arrange(Open &in)
+{
+    if (failed_)
         return;
-    if (static_cast<std::size_t>(end_ - text_) < smallest_buffer)
-        sort_in_smallest_buffer(first, members);
-    else if (reserve(layout.starts[members] - layout.starts[first]))
-        place_in_order(first, members, at_);
+    Order &order = *in.order;
+    if (order.ordered != in.members)
+        find_order(order, in.members);
+    const std::size_t lead = order.gap == 0 ? lead_size(',') : 0;
+    order.starts[in.members] = length() + lead;
+    if (order.is_kept(in.members) && order.gap == 0)
+        return;
+    order.size = length() - order.begin - order.gap + (lead == 0 ? in.members * lead_size(',') : 0);
+    const std::size_t behind = order.gap == 0 ? 0 : order.size; // so far behind that they can be put back
+    if (is_smallest())
+        put_in_order_on_stack(order);
+    else if (order.size <= order.gap)
+        at_ = put_in_order(order, text_ + order.begin);
+    else if (reserve(behind + order.size))
+        put_back(order, at_ + behind, put_in_order(order, at_ + behind));
+    if (out_ == &own_ && level_ == 1)
+        take_over_order(in);
 }
 
-/// Its stack is taken here alone.
-[[gnu::noinline]] void Text::sort_in_smallest_buffer(unsigned first, unsigned last)
+/// Where the buffer was not enlarged it may be too small for more than the text. Its stack is taken here alone.
+[[gnu::cold]] void Text::put_in_order_on_stack(const Order &order)
 {
-    char sorted[smallest_buffer];
-    place_in_order(first, last, sorted);
+    char members[smallest_buffer];
+    put_back(order, members, put_in_order(order, members));
 }
 
-/// Each member begins with a comma or, the first of all, a bracket.
-void Text::place_in_order(unsigned first, unsigned last, char *sorted)
+/// Writes the members of the innermost object in their order, from the first that is not in its place, or with a gap
+/// all of them. Returns the end.
+char *Text::put_in_order(const Order &order, char *to) const
 {
-    Layout &layout = *layout_;
-    char *const begin = text_ + layout.starts[first];
-    const char front = *begin;
-    std::size_t sizes[most_members];
-    for (unsigned i = first; i < last; ++i)
-        sizes[i] = layout.starts[i + 1] - layout.starts[i];
-    char *to = sorted;
-    for (unsigned i = first; i < last; ++i) {
-        const unsigned member = layout.order[i];
-        std::memcpy(to, text_ + layout.starts[member], sizes[member]);
-        *to = ',';
-        layout.starts[member] = static_cast<std::size_t>(begin - text_ + (to - sorted));
-        to += sizes[member];
+    const bool all = order.gap != 0;
+    const std::size_t lead = all ? 0 : lead_size(',');
+    const unsigned char *const end = order.order + order.kept;
+    for (const unsigned char *member = order.order + (all ? 0 : order.first); member != end; ++member) {
+        const std::size_t *const start = order.starts + *member;
+        const std::size_t size = start[1] - start[0] - lead;
+        to = put_lead(to, member == order.order ? '{' : ',');
+        if (size < 64) {
+            to = copy(to, text_ + start[0], size);
+            continue;
+        }
+        std::memcpy(to, text_ + start[0], size);
+        to += size;
     }
-    *sorted = front;
-    std::memcpy(begin, sorted, static_cast<std::size_t>(to - sorted));
-    forget_inside(begin, begin + (to - sorted));
+    return to;
+}
+
+/// Takes over what was put in order elsewhere.
+void Text::put_back(const Order &order, const char *members, const char *end)
+{
+    const bool all = order.gap != 0 || order.first == 0;
+    const auto size = static_cast<std::size_t>(end - members);
+    at_ = text_ + (all ? order.begin : order.starts[order.first] - lead_size(','));
+    std::memcpy(at_, members, size);
+    at_ += size;
+}
+
+/// Has the members count as written in the order in which they are now, as others may follow.
+[[gnu::cold]] void Text::take_over_order(Open &in)
+{
+    const Order was = *in.order;
+    std::size_t *const starts = in.order->starts;
+    std::size_t sizes[most_members];
+    for (unsigned i = 0; i < in.members; ++i)
+        sizes[i] = starts[i + 1] - starts[i];
+    for (unsigned i = 0; i < was.kept; ++i) {
+        in.order->names[i] = was.names[was.order[i]];
+        starts[i + 1] = starts[i] + sizes[was.order[i]];
+    }
+    in.members = in.order->known = was.kept;
+    in.order->ordered = 0;
 }
 
 /// To twice the text at least, so that a long one is moved a few times only.
@@ -276,7 +275,7 @@ void Text::place_in_order(unsigned first, unsigned last, char *sorted)
     end_ = at_; // nothing has room any more
 }
 
-const char *Text::finish()
+[[gnu::cold]] const char *Text::finish()
 {
     if (failed_)
         return nullptr;

@@ -14,7 +14,7 @@ namespace kelmora {
 
 using NodeId = char[KELMORA_ID_SIZE];
 
-/// What an object and an array that are written into a text have in common. key: NULL for an element.
+/// What an object and an array that are written into a text have in common. name: none for an element.
 class Container {
 public:
     Container(const Container &) = delete;
@@ -23,32 +23,44 @@ public:
     /// Ends it. Nothing can be added afterwards.
     void close();
 
-    void whole_string(const char *key, const char *string);
-    void integer(const char *key, std::uint32_t value) { number(key, value, false); }
-    void integer(const char *key, std::int32_t value);
-    void boolean(const char *key, std::uint32_t value);
-    void real(const char *key, double value);
+    template <std::size_t width> void string(Name name, const char (&field)[width])
+    {
+        Container::field(name.characters, (width - 1) << name_bits | name.length, field);
+    }
+    void whole_string(Name name, const char *string) { whole_string(name.characters, name.length, string); }
+    void integer(Name name, std::uint32_t value) { integer(name.characters, name.length, value); }
+    void integer(Name name, std::int32_t value) { integer(name.characters, name.length, value); }
+    void boolean(Name name, std::uint32_t value) { boolean(name.characters, name.length, value); }
+    void real(Name name, double value) { real(name.characters, name.length, value); }
 
 protected:
     /// A root.
     Container(Text &text, char front) : text_(text), open_(text.open(front, nullptr)) {}
 
-    Container(Container &around, const char *key, char front);
+    Container(Container &around, char front, const char *name, std::size_t length);
     ~Container() = default;
 
-    /// A string of at most `length` bytes.
-    void string(const char *key, const char *string, std::size_t length);
-
-    template <class Nested, class Fill> void nest(const char *key, Fill fill)
+    template <class Nested, class Fill> void nest(Name name, Fill fill)
     {
-        Nested nested(*this, key);
+        Nested nested(*this, name);
         fill(nested);
         nested.close();
     }
 
 private:
-    void number(const char *key, std::uint32_t magnitude, bool negative);
-    void write(const char *key, const char *value, std::size_t size);
+    // Names are taken apart here, as the target takes a class of two words from memory only.
+    void whole_string(const char *name, std::size_t length, const char *string);
+    void integer(const char *name, std::size_t length, std::uint32_t value);
+    void integer(const char *name, std::size_t length, std::int32_t value);
+    void boolean(const char *name, std::size_t length, std::uint32_t value);
+    void real(const char *name, std::size_t length, double value);
+    void string(const char *name, std::size_t length, const char *string, std::size_t string_length);
+    void field(const char *name, std::size_t lengths, const char *field);
+    void write(const char *name, std::size_t length, const char *value, std::size_t size);
+
+    /// Of a field's length and its name's in one word, as the target takes four arguments in registers: the name's
+    /// bits.
+    static constexpr unsigned name_bits = 8;
 
     Text &text_;
     Text::Open open_;
@@ -59,30 +71,22 @@ class ArrayEncoder;
 class Encoder : public Container {
 public:
     explicit Encoder(Text &text) : Container(text, '{') {}
-    Encoder(Container &around, const char *key) : Container(around, key, '{') {}
+    Encoder(Container &around, Name name) : Container(around, '{', name.characters, name.length) {}
 
-    template <std::size_t width> void string(const char *key, const char (&field)[width])
-    {
-        Container::string(key, field, width - 1);
-    }
-
-    template <class Fill> void object(const char *key, Fill fill) { nest<Encoder>(key, fill); }
-    template <class Fill> void array(const char *key, Fill fill) { nest<ArrayEncoder>(key, fill); }
+    template <class Fill> void object(Name name, Fill fill) { nest<Encoder>(name, fill); }
+    template <class Fill> void array(Name name, Fill fill) { nest<ArrayEncoder>(name, fill); }
 };
 
 class ArrayEncoder : private Container {
 public:
     explicit ArrayEncoder(Text &text) : Container(text, '[') {}
-    ArrayEncoder(Container &around, const char *key) : Container(around, key, '[') {}
+    ArrayEncoder(Container &around, Name name) : Container(around, '[', name.characters, name.length) {}
 
     using Container::close;
 
-    template <std::size_t width> void string(const char (&field)[width])
-    {
-        Container::string(nullptr, field, width - 1);
-    }
-    void integer(std::uint32_t value) { Container::integer(nullptr, value); }
-    template <class Fill> void object(Fill fill) { nest<Encoder>(nullptr, fill); }
+    template <std::size_t width> void string(const char (&field)[width]) { Container::string({}, field); }
+    void integer(std::uint32_t value) { Container::integer({}, value); }
+    template <class Fill> void object(Fill fill) { nest<Encoder>({}, fill); }
 };
 
 /// Adds the elements of an array's text to one of jansson's. text: NULL when it could not be written.

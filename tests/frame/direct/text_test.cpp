@@ -25,7 +25,7 @@ const char *name(unsigned number)
 
 void member(Text &text, Text::Open &in, const char *key)
 {
-    if (char *to = text.begin(in, key, 1); to != nullptr)
+    if (char *to = text.begin(in, key, std::strlen(key), 1); to != nullptr)
         *to = '0';
 }
 
@@ -52,7 +52,7 @@ void nest(Text &text, Text::Open &in, unsigned levels)
 {
     if (levels == 0)
         return;
-    text.begin(in, "nested", 0);
+    text.begin(in, "nested", 6, 0);
     Text::Open object = text.open('{', &in);
     nest(text, object, levels - 1);
     text.close(object);
@@ -81,7 +81,7 @@ TEST(Text, IsReleasedWithItsOwnBlock)
     {
         Text text(nullptr, false);
         Text::Open array = text.open('[', nullptr);
-        if (char *to = text.begin(array, nullptr, 10000); to != nullptr)
+        if (char *to = text.begin(array, nullptr, 0, 10000); to != nullptr)
             std::memset(to, '0', 10000);
         text.close(array);
         EXPECT_EQ(text.finish(), '[' + std::string(10000, '0') + ']');
@@ -97,7 +97,7 @@ TEST(Text, WritesNothingAfterAFailure)
     member(text, object, "a");
     allocations::pass();
     member(text, object, "b");
-    EXPECT_EQ(text.begin(object, "c", 1), nullptr);
+    EXPECT_EQ(text.begin(object, "c", 1, 1), nullptr);
     text.close(object);
     EXPECT_EQ(text.finish(), nullptr);
 }
