@@ -11,6 +11,9 @@ import sys
 from programs import count_instructions, direct_plugin, run_program
 
 RATIO = 1.02  # bound of the library's instructions, in those of the baseline
+DIRECT = {"plain": 0.07, "sorted": 0.10}  # the same of direct text, without reals, from 8 records on
+SORTED = ("interface", "datetime")
+REALS = ("connected_device", "traceroute")  # which take what jansson takes
 PEAK = 256  # bytes that the library's peak heap may lie above the baseline's
 GROWTH = 1.05  # bound of how much the cost of a record differs between the growing sizes, in the baseline's difference
 GROWING = (16, 64, 256)
@@ -35,6 +38,16 @@ def measure_growth(instructions, cases):
             further = instructions[f"{case} {side}"] - instructions[f"{name} 1 {side}"]
             growth.setdefault(name, {}).setdefault(side, []).append(further / (int(size) - 1))
     return growth
+
+
+def bound_of(case, direct):
+    """The bound of a case's ratio; None where there is none."""
+    resource, direction, size = case.split()
+    if not direct or direction == "from":
+        return RATIO
+    if resource in REALS or int(size) < 8:
+        return None
+    return DIRECT["sorted" if resource in SORTED else "plain"]
 
 
 def spread(costs):
@@ -65,7 +78,8 @@ def main():
         ratios.append(cost / baseline)
         table.append(f"{case:36}{cost:>12}{baseline:>12}{ratios[-1]:>9.4f}{allocations:>8}{baseline_allocations:>8}"
                      f"{peak:>11}{baseline_peak:>11}")
-        if ratios[-1] > RATIO:
+        bound = bound_of(case, options.direct)
+        if bound is not None and ratios[-1] > bound:
             faults.append(f"{case}: {ratios[-1]:.4f} of the baseline's instructions")
         if allocations > baseline_allocations:
             faults.append(f"{case}: {allocations} allocations, the baseline {baseline_allocations}")
@@ -78,14 +92,14 @@ def main():
         spreads = [spread(costs[side]) for side in SIDES]
         table.append(f"{name:36}" + "".join(f"{cost:>9.0f}" for cost in costs["library"]) +
                      f"{spreads[0]:>9.3f}{spreads[1]:>14.3f}")
-        if spreads[0] > GROWTH * spreads[1]:
+        if spreads[0] > GROWTH * spreads[1] and not options.direct:
             faults.append(f"{name}: the cost of a record spreads by {spreads[0]:.3f}, the baseline's by {spreads[1]:.3f}")
 
     if options.check:
-        print(f"{len(cases)} cases, the highest ratio of instructions {max(ratios):.4f} (bound {RATIO})")
+        print(f"{len(cases)} cases, the highest ratio of instructions {max(ratios):.4f}")
     else:
         print("\n".join(table))
-    for fault in faults if not options.direct else []:  # the bounds are those of the plug-in that is shipped
+    for fault in faults:
         print(f"past its bound: {fault}", file=sys.stderr)
     sys.exit(1 if options.check and faults else 0)
 

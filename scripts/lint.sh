@@ -36,15 +36,11 @@ tests=$tools,-bugprone-suspicious-memory-comparison,-bugprone-signed-char-misuse
 tests=$tests,-bugprone-implicit-widening-of-multiplication-result,-bugprone-suspicious-missing-comma
 tests=$tests,-performance-inefficient-string-concatenation
 
-# tidy KIND COUNT [CHECKS]: the sources of the kind, COUNT by COUNT.
 status=0
-tidy() {
-    xargs -n "$2" -P "$(nproc)" clang-tidy -p "$work" --quiet ${3:+"--checks=$3"} <"$work/$1.txt" >>"$work/clang-tidy.log" 2>&1 ||
-        status=1
-}
-tidy tests 1 "$tests"
-tidy tools 1 "$tools"
-tidy plugin 4
+for kind in "tests $tests" "tools $tools" plugin; do
+    # shellcheck disable=SC2086 # a kind, and its checks
+    /usr/bin/python3 -B scripts/tidy.py "$work" $kind >>"$work/clang-tidy.log" || status=1
+done
 [ "$status" -eq 0 ] || {
     grep -v 'warnings generated' "$work/clang-tidy.log" >&2
     exit 1

@@ -149,7 +149,7 @@ void Text::close(Open &value)
 [[gnu::cold]] void Text::find_order(Order &order, unsigned members) const
 {
     order.kept = 0;
-    for (unsigned char member = 0; member < members; ++member) {
+    for (unsigned member = 0; member < members; ++member) {
         unsigned place = order.kept;
         int difference = 1;
         for (; place != 0; --place) {
@@ -158,14 +158,18 @@ void Text::close(Open &value)
                 break;
         }
         if (difference == 0) {
-            order.order[place - 1] = member;
+            order.order[place - 1] = static_cast<unsigned char>(member);
             continue;
         }
         if (!pretty_)
             place = order.kept;
-        for (unsigned i = order.kept++; i != place; --i)
-            order.order[i] = order.order[i - 1];
-        order.order[place] = member;
+        auto moving = static_cast<unsigned char>(member);
+        for (; place != order.kept; ++place) {
+            const unsigned char next = order.order[place];
+            order.order[place] = moving;
+            moving = next;
+        }
+        order.order[order.kept++] = moving;
     }
     order.ordered = static_cast<unsigned char>(members);
     order.first = 0;

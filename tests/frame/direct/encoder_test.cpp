@@ -115,7 +115,7 @@ std::string dumped(const json_t *value, std::size_t flags)
 
 TEST(DirectEncoder, SaysWhatJanssonSaysOfListsOfObjects)
 {
-    for (unsigned seed = 0; seed < 300; ++seed) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
         Twins twins(seed);
         const bool pretty = twins.below(4) != 0;
         const std::vector<Shape> shapes = {twins.shape(2), twins.shape(2), twins.shape(1), Shape()};
@@ -135,7 +135,7 @@ TEST(DirectEncoder, SaysWhatJanssonSaysOfListsOfObjects)
 
 TEST(DirectEncoder, SaysWhatJanssonSaysOfAnObjectThatSeveralNodesWrite)
 {
-    for (unsigned seed = 0; seed < 300; ++seed) {
+    for (unsigned seed = 0; seed < 100; ++seed) {
         Twins twins(seed);
         const bool pretty = twins.below(2) != 0;
         json_t *expected = json_object();
