@@ -189,7 +189,8 @@ void Text::arrange(Open &in)
     if (order.is_kept(in.members) && order.gap == 0)
         return;
     order.size = length() - order.begin - order.gap + (lead == 0 ? in.members * lead_size(',') : 0);
-    const std::size_t behind = order.gap == 0 ? 0 : order.size; // so far behind that they can be put back
+    const std::size_t end = order.begin + order.size;
+    const std::size_t behind = end > length() ? end - length() : 0; // so far behind that they can be put back
     if (is_smallest())
         put_in_order_on_stack(order);
     else if (order.size <= order.gap)
