@@ -1,7 +1,7 @@
 #!/bin/sh
 # Everything that must hold before a change lands: stages, of which one builds and another one runs tests at a time, as
-# most tests leave a processor to spare. Ends at the first stage that fails, with its output. What a machine without the
-# tools for it had to leave out is said at the end; with CI=true that is a failure.
+# most tests leave a processor to spare; what takes one processor fills the gaps. Ends at the first stage that fails, with
+# its output. What a machine without the tools for it had to leave out is said at the end; with CI=true that is a failure.
 set -u
 cd "$(dirname "$0")/.." || exit 1
 
@@ -31,8 +31,8 @@ can_sanitize() {
 
 # ---- the stages
 
-# stage NAME LANE NEEDS TITLE COMMAND: one that runs when its lane is free and the stage NEEDS (- for none) has passed.
-# One that ends with 77 could not be tried.
+# stage NAME LANE NEEDS TITLE COMMAND: one that runs when its lane (build, run or any) is free and the stage NEEDS (- for
+# none) has passed. One that ends with 77 could not be tried.
 stage() {
     echo "$1" >>"$work/pending"
     echo "$2" >"$work/$1.lane"
@@ -54,12 +54,6 @@ tests release release "tests on this machine"
 can valgrind python3 || leave_out "memcheck, and the counts of instructions"
 if ! can tsc || ! /usr/bin/python3 -c 'import jinja2, jsonschema' 2>/dev/null; then
     leave_out "the tests of schemas, types and reference"
-fi
-
-if can chromium chromedriver && /usr/bin/python3 -c 'import selenium' 2>/dev/null; then
-    stage page run release "the page, in Chromium" "/usr/bin/python3 -B tests/page/page_test.py build/release/kelmora-host"
-else
-    leave_out "the tests of the page"
 fi
 
 if can mips-linux-gnu-g++ qemu-mips && [ -f build/jansson-source/CMakeLists.txt ]; then
@@ -93,7 +87,6 @@ fi
 
 if can dh dpkg-buildpackage lintian mips-linux-gnu-g++ qemu-mips && [ -f build/musl-source/configure ]; then
     stage packages build mips-musl "packages, made twice" "sh tests/packages/packages_test.sh"
-    stage fresh-root run packages "packages installed and used in a fresh Debian root" "sh tests/packages/fresh_root_test.sh"
 else
     leave_out "the packages"
 fi
@@ -103,8 +96,6 @@ if can_sanitize; then
         "sh scripts/build.sh asan"
     tests asan asan "tests with AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer"
     stage fuzz run asan "fuzzing, 30 seconds each" "sh scripts/fuzz.sh 30 from_fuzzer round_trip_fuzzer"
-    stage direct-fuzz run asan "the same records to both builds of the plug-in, 60 seconds" \
-        "sh scripts/fuzz.sh 60 direct_fuzzer"
     stage tsan build - "building the soak and the server with ThreadSanitizer, with clang" \
         "sh scripts/build.sh tsan kelmora-soak kelmora_json kelmora-host"
     stage tsan-tests run tsan "all resources at once in eight threads, and the server, with ThreadSanitizer" \
@@ -118,6 +109,20 @@ if can clang-format clang-tidy clang++ shellcheck mandoc && /usr/bin/python3 -c 
     stage adding build release "a resource added to a copy" "sh tests/adding_a_resource_test.sh"
 else
     leave_out "lint, and adding a resource to a copy"
+fi
+
+if can chromium chromedriver && /usr/bin/python3 -c 'import selenium' 2>/dev/null; then
+    stage page any release "the page, in Chromium" "/usr/bin/python3 -B tests/page/page_test.py build/release/kelmora-host"
+else
+    leave_out "the tests of the page"
+fi
+
+if [ -f "$work/packages.command" ]; then
+    stage fresh-root any packages "packages installed and used in a fresh Debian root" "sh tests/packages/fresh_root_test.sh"
+fi
+if [ -f "$work/asan.command" ]; then
+    stage direct-fuzz any asan "the same records to both builds of the plug-in, 60 seconds" \
+        "sh scripts/fuzz.sh 60 direct_fuzzer"
 fi
 
 # ---- running them
@@ -147,15 +152,18 @@ begin() {
     echo $! >"$work/$1.group"
 }
 
+free_lane() { if [ -z "$run" ]; then echo run; else echo build; fi; }
+
 # begin_what_can: in each lane that is free, the first stage that waits for nothing.
 begin_what_can() {
     names=$(cat "$work/pending")
     for name in $names; do
         needs=$(cat "$work/$name.needs")
+        [ "$needs" = - ] || [ -f "$work/$needs.passed" ] || continue
         lane=$(cat "$work/$name.lane")
+        [ "$lane" != any ] || lane=$(free_lane)
         eval "busy=\$$lane"
         [ -z "$busy" ] || continue
-        [ "$needs" = - ] || [ -f "$work/$needs.passed" ] || continue
         eval "$lane=\$name"
         sed -i "/^$name\$/d" "$work/pending"
         begin "$name"
