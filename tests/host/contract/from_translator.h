@@ -1,6 +1,9 @@
 #ifndef KELMORA_TESTS_HOST_CONTRACT_FROM_TRANSLATOR_H
 #define KELMORA_TESTS_HOST_CONTRACT_FROM_TRANSLATOR_H
 
+#include "host/contract/learn_courses.h"
+#include "host/contract/learn_keys.h"
+#include "host/contract/learn_needs.h"
 #include "host/json.h"
 #include "host/plugin/registry.h"
 #include "kelmora_host.h"
@@ -18,6 +21,14 @@ int from_translator(kelmora_resource *node, const char *text, kelmora_errorlist 
 /// A registration of such a from-translator alone.
 template <class T, bool (*take)(const json_t *root, T &record, kelmora_errorlist *errors)>
 constexpr Registration taking{0, from_translator<T, take>, nullptr};
+
+/// What is learned first of such a from-translator, under the name of a resource that is there.
+template <class T, bool (*take)(const json_t *root, T &record, kelmora_errorlist *errors)> struct Learned {
+    InputSubject subject{*find_resource("remote_web_access"), taking<T, take>};
+    FoundKeys keys = find_keys(subject);
+    Courses courses{subject, keys};
+    Needs needs{subject, keys, courses};
+};
 
 /// Reports that a key is not there.
 inline bool is_missing(kelmora_errorlist *errors, const char *key)

@@ -30,15 +30,9 @@ bool conditions(const json_t *root, Access & /*access*/, kelmora_errorlist *erro
     return true;
 }
 
-struct Learned {
-    InputSubject subject{*find_resource("remote_web_access"), taking<Access, conditions>};
-    FoundKeys keys = find_keys(subject);
-    Courses courses{subject, keys};
-};
-
 TEST(Courses, TellWithWhichValueAKeyIsLookedAt)
 {
-    const Learned learned;
+    const Learned<Access, conditions> learned;
     const std::vector<Condition> when = learned.courses.looked_at_when("/range");
     ASSERT_EQ(when.size(), 1);
     EXPECT_EQ(when.front().path, "/enabled");
@@ -48,7 +42,7 @@ TEST(Courses, TellWithWhichValueAKeyIsLookedAt)
 
 TEST(Courses, LeaveOutWhatHoldsForTheObjectThatAKeyIsIn)
 {
-    const Learned learned;
+    const Learned<Access, conditions> learned;
     EXPECT_THAT(learned.courses.looked_at_when("/range/start"), IsEmpty());
     const std::vector<Condition> when = learned.courses.looked_at_when("/range/end");
     ASSERT_EQ(when.size(), 1);
@@ -58,7 +52,7 @@ TEST(Courses, LeaveOutWhatHoldsForTheObjectThatAKeyIsIn)
 
 TEST(Courses, TellTheValuesOfAnIntegerThatChangeSomething)
 {
-    const Learned learned;
+    const Learned<Access, conditions> learned;
     InputKey key;
     key.path = "/port";
     learned.courses.learn_decisions(key);
@@ -69,7 +63,7 @@ TEST(Courses, TellTheValuesOfAnIntegerThatChangeSomething)
 
 TEST(Courses, KnowWhatHappensWithoutAKey)
 {
-    const Learned learned;
+    const Learned<Access, conditions> learned;
     EXPECT_TRUE(learned.courses.without("/range").accepted);
     EXPECT_TRUE(learned.courses.without("/enabled").accepted);
     EXPECT_FALSE(learned.courses.without("/enabled").has_looked("/range"));

@@ -40,12 +40,7 @@ bool fields_of_all_sorts(const json_t *root, Access &access, kelmora_errorlist *
     return true;
 }
 
-struct Learned {
-    InputSubject subject{*find_resource("remote_web_access"), taking<Access, fields_of_all_sorts>};
-    FoundKeys keys = find_keys(subject);
-    Courses courses{subject, keys};
-    Needs needs{subject, keys, courses};
-
+struct LearnedKeys : Learned<Access, fields_of_all_sorts> {
     [[nodiscard]] InputKey key(const char *path) const
     {
         const KeyFieldLearner fields(subject, keys, needs);
@@ -71,7 +66,7 @@ std::vector<std::string> paths(const std::vector<KeyField> &fields)
 
 TEST(KeyFieldLearner, FindsTheFieldThatAKeyIsStoredIn)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     EXPECT_THAT(paths(learned.key("/start").fields), ElementsAre("rangeStart"));
     EXPECT_THAT(paths(learned.key("/ping").fields), ElementsAre("pingWan"));
     EXPECT_THAT(learned.key("/unused").fields, IsEmpty());
@@ -79,7 +74,7 @@ TEST(KeyFieldLearner, FindsTheFieldThatAKeyIsStoredIn)
 
 TEST(KeyFieldLearner, FindsTheKeyWithoutWhichNothingIsStored)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     EXPECT_THAT(learned.key("/start").only_with, ElementsAre("/end"));
     EXPECT_THAT(learned.key("/end").only_with, ElementsAre("/start"));
     EXPECT_THAT(learned.key("/port").only_with, IsEmpty());
@@ -87,14 +82,14 @@ TEST(KeyFieldLearner, FindsTheKeyWithoutWhichNothingIsStored)
 
 TEST(KeyFieldLearner, FindsTheFieldsThatThePresenceOfAKeySets)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     EXPECT_THAT(paths(learned.key("/port").also_sets), ElementsAre("enabled"));
     EXPECT_THAT(learned.key("/ping").also_sets, IsEmpty());
 }
 
 TEST(KeyFieldLearner, FindsWhatIsClearedWithoutAKey)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     EXPECT_TRUE(learned.key("/ping").cleared_when_absent);
     EXPECT_FALSE(learned.key("/port").cleared_when_absent);
 }

@@ -45,16 +45,9 @@ bool ping_with_ipv6(const json_t *root, Access &access, kelmora_errorlist *error
     return true;
 }
 
-template <auto take = needs_of_all_sorts> struct Learned {
-    InputSubject subject{*find_resource("remote_web_access"), taking<Access, take>};
-    FoundKeys keys = find_keys(subject);
-    Courses courses{subject, keys};
-    Needs needs{subject, keys, courses};
-};
-
 TEST(Needs, KnowWhatMustAlwaysBeThere)
 {
-    const Learned<> learned;
+    const Learned<Access, needs_of_all_sorts> learned;
     EXPECT_TRUE(learned.needs.of("/enabled").always);
     ASSERT_TRUE(learned.needs.of("/enabled").error);
     EXPECT_EQ(learned.needs.of("/enabled").error->field, "enabled");
@@ -63,14 +56,14 @@ TEST(Needs, KnowWhatMustAlwaysBeThere)
 
 TEST(Needs, KnowWhatNeedNeverBeThere)
 {
-    const Learned<> learned;
+    const Learned<Access, needs_of_all_sorts> learned;
     EXPECT_TRUE(learned.needs.is_optional("/spare"));
     EXPECT_FALSE(learned.needs.of("/spare").error);
 }
 
 TEST(Needs, FindTheValueOfAnotherKeyThatDecides)
 {
-    const Learned<> learned;
+    const Learned<Access, needs_of_all_sorts> learned;
     const Need &port = learned.needs.of("/port");
     EXPECT_FALSE(port.always);
     ASSERT_EQ(port.when.size(), 1);
@@ -85,7 +78,7 @@ TEST(Needs, FindTheValueOfAnotherKeyThatDecides)
 
 TEST(Needs, FindTheFieldOfTheRecordThatDecides)
 {
-    const Learned<ping_with_ipv6> learned;
+    const Learned<Access, ping_with_ipv6> learned;
     const Need &ping = learned.needs.of("/pingWan");
     EXPECT_FALSE(ping.always);
     ASSERT_EQ(ping.when.size(), 1);
@@ -97,7 +90,7 @@ TEST(Needs, FindTheFieldOfTheRecordThatDecides)
 
 TEST(Needs, NumberTheKeysOfWhichOneMustBeThere)
 {
-    const Learned<> learned;
+    const Learned<Access, needs_of_all_sorts> learned;
     std::vector<InputKey> keys;
     for (const char *path : {"/enabled", "/rangeStart", "/rangeEnd"}) {
         keys.emplace_back();

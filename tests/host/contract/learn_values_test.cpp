@@ -41,12 +41,7 @@ bool values_of_all_sorts(const json_t *root, Access &access, kelmora_errorlist *
     return true;
 }
 
-struct Learned {
-    InputSubject subject{*find_resource("remote_web_access"), taking<Access, values_of_all_sorts>};
-    FoundKeys keys = find_keys(subject);
-    Courses courses{subject, keys};
-    Needs needs{subject, keys, courses};
-
+struct LearnedKeys : Learned<Access, values_of_all_sorts> {
     [[nodiscard]] InputKey key(const char *path) const
     {
         const ValueLearner values(subject, keys, needs);
@@ -62,7 +57,7 @@ struct Learned {
 
 TEST(ValueLearner, FindsTheWidthOfIntegersAndWhatBecomesOfLargerOnes)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     const InputKey ping = learned.key("/pingWan");
     EXPECT_EQ(ping.bits, 8);
     EXPECT_FALSE(ping.saturates);
@@ -73,7 +68,7 @@ TEST(ValueLearner, FindsTheWidthOfIntegersAndWhatBecomesOfLargerOnes)
 
 TEST(ValueLearner, FindsHowLongStringsMayBeAndWhatBecomesOfLongerOnes)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     const InputKey start = learned.key("/rangeStart");
     EXPECT_EQ(start.longest, 16);
     EXPECT_EQ(start.too_long, Excess::cut);
@@ -86,7 +81,7 @@ TEST(ValueLearner, FindsHowLongStringsMayBeAndWhatBecomesOfLongerOnes)
 
 TEST(ValueLearner, TellsTypesThatAreCheckedSkippedOrConverted)
 {
-    const Learned learned;
+    const LearnedKeys learned;
     const InputKey start = learned.key("/rangeStart");
     EXPECT_TRUE(start.checked);
     EXPECT_FALSE(start.skipped);
