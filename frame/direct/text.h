@@ -8,7 +8,7 @@
 
 namespace kelmora {
 
-/// A member's name, which stays where it is. Without characters: none, as of an element.
+/// A member's name, of less than 256 bytes, which stays where it is. Without characters: none, as of an element.
 struct Name {
     constexpr Name() = default;
     [[gnu::always_inline]] constexpr Name(const char *name)
