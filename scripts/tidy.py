@@ -20,7 +20,7 @@ CACHE = Path(os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache") / "kelm
 
 def hashed(contents):
     """Of bytes, in which this clone's folder counts as any other."""
-    return hashlib.sha256(contents.replace(f"{ROOT}/".encode(), b"./")).hexdigest()
+    return hashlib.sha256(contents.replace(bytes(ROOT), b".")).hexdigest()
 
 
 @functools.cache
