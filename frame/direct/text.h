@@ -22,7 +22,7 @@ struct Name {
 [[nodiscard]] int compare(const char *left, const char *right);
 
 /// A JSON text in the making, byte for byte what json_dumps renders of the same values. The buffer grows once the text
-/// is sure to need it. After a failure nothing is written any more.
+/// is sure to need it, and after that also to put members in order. After a failure nothing is written any more.
 ///
 /// Members are put in order in the objects of a pretty text, by their names, and in the outermost object of a text in a
 /// block of its own, where a name that comes again takes the earlier value's place. Any other object is given each name

@@ -1,5 +1,7 @@
 #include "frame/encoder.h"
 
+#include "tests/support/allocations.h"
+
 #include <array>
 #include <cstdlib>
 #include <cstring>
@@ -130,6 +132,30 @@ TEST(DirectEncoder, SaysWhatJanssonSaysOfListsOfObjects)
         }
         std::free(buffer);
         json_decref(expected);
+    }
+}
+
+TEST(DirectEncoder, HasNoTextWhenTheBufferCannotGrow)
+{
+    namespace allocations = kelmora_test::allocations;
+    const std::string value(300, 'v');
+    for (unsigned failing = 1; failing <= 4; ++failing) {
+        auto *buffer = static_cast<char *>(std::malloc(smallest_buffer));
+        {
+            Text text(&buffer, true);
+            ArrayEncoder list(text);
+            allocations::fail(failing, kelmora_test::Failing::from_then_on);
+            for (unsigned i = 0; i < 200; ++i) {
+                list.object([&](Encoder &element) {
+                    element.whole_string("b", value.c_str());
+                    element.integer("a", i);
+                });
+            }
+            list.close();
+            allocations::pass();
+            EXPECT_EQ(text.finish(), nullptr) << failing;
+        }
+        std::free(buffer);
     }
 }
 
